@@ -1,0 +1,59 @@
+// The extended exposure that white balance sees: six floats as XML.
+#include <simulation/simulation.h>
+
+#include "core/data_paths.h"
+#include "core/log.h"
+#include "core/xml_document.h"
+#include "core/xml_fields.h"
+
+namespace simulation {
+namespace {
+
+/// Requests below this are neither dumped nor replayed.
+constexpr unsigned int kFirstRequest = 10;
+
+constexpr XmlField kFields[] = {
+    {"safeSensitivity", 0, writeFloat, queryFloat},
+    {"longSensitivity", 4, writeFloat, queryFloat},
+    {"shortSensitivity", 8, writeFloat, queryFloat},
+    {"frameLuma", 12, writeFloat, queryFloat},
+    {"ADRCGain", 16, writeFloat, queryFloat},
+    {"brightnessValue", 20, writeFloat, queryFloat},
+};
+
+void dump(tinyxml2::XMLDocument& document, const char* path, const void* data) {
+  appendFields(appendElement(document, "ExtExposure"), data, kFields);
+  if (saveXml(document, path) == tinyxml2::XML_SUCCESS) {
+    SimulationLog(kVerbose, "dump %s success", path);
+  } else {
+    SimulationLog(kError, "dump %s fail", path);
+  }
+}
+
+void readBack(tinyxml2::XMLDocument& document, const char* path, void* data) {
+  if (document.LoadFile(path) != tinyxml2::XML_SUCCESS) {
+    SimulationLog(kError, "dump %s fail error:%d", path, document.ErrorID());
+    return;
+  }
+  const tinyxml2::XMLElement* root = document.FirstChildElement();
+  if (root != nullptr) applyFields(*root, data, kFields);
+}
+
+}  // namespace
+}  // namespace simulation
+
+using namespace simulation;
+
+void Simulation::SimulationForAWBExtExposure(SimulationInfo* info, void* data,
+                                             unsigned int requestId, unsigned int camId) {
+  if (requestId < kFirstRequest) return;
+  const Path path = recordPath(*info, FileType::AWB, "_ExtExposure", requestId, camId, ".xml");
+  if (info->mode != kDump && info->mode != kReadback) return;
+  XmlDocument document = newXmlDocument();
+  if (document == nullptr) return;
+  if (info->mode == kDump) dump(*document, path.c_str(), data);
+  if (info->mode == kReadback) readBack(*document, path.c_str(), data);
+  // Kept: this record's document stays with the pipeline, as its callers have
+  // come to account for it.
+  document.release();
+}

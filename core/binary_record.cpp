@@ -1,0 +1,65 @@
+#include "core/binary_record.h"
+
+#include <array>
+#include <cstring>
+
+#include "core/data_paths.h"
+#include "core/log.h"
+#include "core/raw_file.h"
+
+namespace simulation {
+namespace {
+
+/// The bytes that could be read before the end of the file or an error.
+std::size_t readUpTo(const FileDescriptor& file, char* data, std::size_t size) {
+  std::size_t total = 0;
+  while (total < size) {
+    const ssize_t count = read(file.get(), data + total, size - total);
+    if (count <= 0) break;
+    total += static_cast<std::size_t>(count);
+  }
+  return total;
+}
+
+}  // namespace
+
+std::optional<std::size_t> readStaged(const char* path, void* staging, std::size_t size) {
+  const FileDescriptor file = openToRead(path);
+  if (!file.valid()) return std::nullopt;
+  return readUpTo(file, static_cast<char*>(staging), size);
+}
+
+void logStagedCount(const char* path, std::size_t count, std::size_t size) {
+  SimulationLog(kError, "read fileName:%s size(%d) is not equal to we need(%d) or pData is NULL",
+                path, shown(count), shown(size));
+}
+
+void replayStaged(const char* path, void* staging, void* data, std::size_t size,
+                  std::size_t liveHead) {
+  const auto count = readStaged(path, staging, size);
+  if (!count) return;
+  if (data == nullptr || *count != size) {
+    logStagedCount(path, *count, size);
+    return;
+  }
+  std::memcpy(static_cast<char*>(data) + liveHead, static_cast<char*>(staging) + liveHead,
+              size - liveHead);
+}
+
+void runBinaryRecord(const BinaryRecord& record, const SimulationInfo& info, const Path& path,
+                     void* data) {
+  if (info.mode == kDump && !(record.firstDumpWins && exists(path.c_str()))) {
+    writeFile(data, path.c_str(), record.size, kDumpFlags);
+  } else if (info.mode == kReadback) {
+    std::array<char, kLargestBinaryRecord> staging;
+    replayStaged(path.c_str(), staging.data(), data, record.size, record.liveHead);
+  }
+}
+
+void runBinaryRecord(const BinaryRecord& record, const SimulationInfo& info, void* data,
+                     unsigned int requestId, unsigned int camId) {
+  const Path path = recordPath(info, record.type, record.tail, requestId, camId, ".bin");
+  runBinaryRecord(record, info, path, data);
+}
+
+}  // namespace simulation

@@ -1,0 +1,25 @@
+// XML record files: making, saving and loading their documents. No state, no
+// locks; a document belongs to the call that made it.
+#pragma once
+
+#include <tinyxml2.h>
+
+#include <memory>
+
+namespace simulation {
+
+using XmlDocument = std::unique_ptr<tinyxml2::XMLDocument>;
+
+/// An empty document (entities processed, whitespace preserved), accounted for
+/// by the pipeline. Null when there is no memory.
+XmlDocument newXmlDocument();
+
+/// A new element called `name`, the last child of `parent`.
+tinyxml2::XMLElement& appendElement(tinyxml2::XMLNode& parent, const char* name);
+
+/// Writes the document, indented, to `path`. Success means that every byte was
+/// taken by the file: a full disk is XML_ERROR_FILE_READ_ERROR, tinyxml2's
+/// nearest name, and may leave a part of the document behind.
+tinyxml2::XMLError saveXml(tinyxml2::XMLDocument& document, const char* path);
+
+}  // namespace simulation

@@ -1,0 +1,143 @@
+// The record operations of libsimulation: what the camera pipeline calls to
+// dump the inputs of its 3A algorithms, or to have recorded inputs written back
+// over the live ones.
+//
+// Every operation reads SimulationInfo::mode: 0 dumps, 1 reads back, any other
+// value touches no file and no record. A dump goes to
+//   /data/vendor/camera/tmp/RequestID[request]_camId[camera]/
+// a readback always reads the files straight under /data/vendor/camera, whatever
+// the request: to replay a capture, copy one request's files there. Offline AWB,
+// LSC and ACB dumps go to the folder that SimulationInfo::folderName names.
+//
+// Record operations return nothing and report no error to the caller: a failure
+// is one line in the log (tag "[SIMULATION]") and leaves the live data in place
+// unless an operation says otherwise. The caller owns every pointer it passes;
+// nothing is kept after the call.
+//
+// Threads: operations share no state (the LSC sequence counter has a mutex of
+// its own). Calls that name the same file must not overlap.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <cstdint>
+
+#if !defined(SIMULATION_API)
+#define SIMULATION_API __attribute__((visibility("default")))
+#endif
+
+/// The data family of a record. Its name is the word in the record's file name:
+/// simulation_AWB_..., simulation_AE_... A value past ACB aborts the process.
+enum class FileType : std::uint32_t {
+  IMG = 0,
+  AWB = 1,
+  ZOAWB = 2,
+  OfflineAWB = 3,
+  AE = 4,
+  LSC = 5,
+  AnchorPick = 6,
+  SRAnchorPick = 7,
+  FACE = 8,
+  ACB = 9,
+};
+
+/// The context of a record operation, owned by the caller and only read here.
+struct SimulationInfo {
+  std::uint8_t unread[8];  ///< the pipeline's own; the library never reads it
+  const char* folderName;  ///< folder under /data/vendor/camera, NUL-terminated; only
+                           ///< offline AWB, LSC and ACB records read it
+  std::uint32_t mode;      ///< 0 dump, 1 readback, anything else: do nothing
+};
+static_assert(offsetof(SimulationInfo, folderName) == 8, "fixed by the pipeline");
+static_assert(offsetof(SimulationInfo, mode) == 8 + sizeof(void*), "fixed by the pipeline");
+
+/// The operations. Objects carry no data; the pipeline uses the process-wide one
+/// of SimulationMgr::getInstance().
+///
+/// In every record operation `data` is the caller's record (the input as the
+/// algorithm is about to see it: read by a dump, overwritten by a readback),
+/// `requestId` the CamX request id and `camId` the camera.
+class SIMULATION_API Simulation {
+ public:
+  Simulation();
+  ~Simulation();
+
+  /// @name The simulation flag byte that the pipeline hands in
+  /// @{
+  bool isSimulationEnable(unsigned char flags);   ///< bit 0: simulation is on
+  bool getSimulationMode(unsigned char flags);    ///< bit 1: readback (clear: dump)
+  bool getSimulationAEMode(unsigned char flags);  ///< bit 2: AE simulation
+  /// @}
+
+  /// Makes sure that /data/vendor/camera/tmp exists.
+  void makeTmpFileFloder();
+
+  /// True when `path` names something that exists, a folder included.
+  bool isFileExists(char* path);
+
+  /// Writes the path prefix of the records of `type` into `outPath` (at least
+  /// 128 bytes; the prefix is cut at 127 characters). Mode 0 also creates the
+  /// request's dump folder; any other mode gives the readback prefix and creates
+  /// nothing. A record's file is the prefix followed by its own tail.
+  void getFilesPath(int mode, FileType type, char* outPath, unsigned int requestId,
+                    unsigned int camId);
+
+  /// Reads `size` bytes at `offset` (from the start when not positive) with one
+  /// read. Returns the count read, or -1; what was read stays in `buf` even when
+  /// it is less than `size`.
+  ssize_t ReadFromFile(void* buf, char* path, unsigned long size, int offset);
+
+  /// Writes `size` bytes with one write to a file opened with exactly
+  /// `openFlags` (mode 0777). Returns the count written, or -1.
+  ssize_t WritetoFile(void* buf, char* path, unsigned long size, int openFlags);
+
+  /// @name White-balance inputs, byte for byte (simulation_AWB_*.bin)
+  /// A readback of a file that is missing or too short leaves the record as it is.
+  /// @{
+
+  /// 1784 bytes. The first eight are never taken from the file.
+  void SimulationForAWBFaceROI(SimulationInfo* info, void* data, unsigned int requestId,
+                               unsigned int camId);
+
+  /// 144 bytes. `text` is part of the file name and tells apart the
+  /// configurations of one request.
+  void SimulationForAWBISPStatsConfig(SimulationInfo* info, void* data, unsigned int requestId,
+                                      unsigned int camId, const char* text);
+
+  /// 60 bytes. Replayed only when the sensor mode index (16 bits at byte 16) and
+  /// the 32-bit word at byte 24 equal the live ones. A missing file counts as
+  /// all zeros, a short one is filled up with zeros.
+  void SimulationForAWBTuningMode(SimulationInfo* info, void* data, unsigned int requestId,
+                                  unsigned int camId);
+
+  /// `count` floats. A negative count aborts the process in modes 0 and 1.
+  void SimulationForAWBExtensionInfo(SimulationInfo* info, float* data, int count,
+                                     unsigned int requestId, unsigned int camId);
+
+  /// 888 bytes.
+  void SimulationForAWBFrameControlData(SimulationInfo* info, void* data, unsigned int requestId,
+                                        unsigned int camId);
+
+  /// `size` bytes, read straight into `data`: a short file replaces its beginning.
+  void SimulationForAWBinputColorData(SimulationInfo* info, void* data, unsigned long size,
+                                      unsigned int requestId, unsigned int camId);
+
+  /// `size` bytes, read straight into `data`: a short file replaces its beginning.
+  void SimulationForCVPTransformData(SimulationInfo* info, void* data, unsigned long size,
+                                     unsigned int requestId, unsigned int camId);
+  /// @}
+
+  /// Six floats as XML (simulation_AWB_ExtExposure_*.xml): safe, long and short
+  /// sensitivity, frame luma, ADRC gain, brightness value. Requests 0 to 9 are
+  /// neither dumped nor replayed. A value that is missing or no number stays live.
+  void SimulationForAWBExtExposure(SimulationInfo* info, void* data, unsigned int requestId,
+                                   unsigned int camId);
+};
+
+/// Owner of the one Simulation object of the process.
+class SIMULATION_API SimulationMgr {
+ public:
+  /// The process-wide object, made on first use. Never null; do not delete it.
+  static Simulation* getInstance();
+};

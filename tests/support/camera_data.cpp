@@ -1,0 +1,64 @@
+#include "tests/support/camera_data.h"
+
+#include <sys/mount.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace fs = std::filesystem;
+
+CameraDataTest::CameraDataTest() {
+  for (const auto& entry : fs::directory_iterator(kCamera)) fs::remove_all(entry.path());
+  takeLog();
+}
+
+SimulationInfo infoFor(std::uint32_t mode, const char* folderName) {
+  return {{0xA5, 0xA5, 0xA5, 0xA5, 0xA5, 0xA5, 0xA5, 0xA5}, folderName, mode};
+}
+
+void writeFile(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string readFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return "there is no " + path;
+  return (std::ostringstream() << file.rdbuf()).str();
+}
+
+std::vector<std::string> tree(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    const std::string name = entry.path().lexically_relative(folder).string();
+    names.push_back(entry.is_directory() ? name + "/" : name);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string pattern(std::size_t size, unsigned int seed) {
+  std::string bytes(size, '\0');
+  unsigned int state = seed * 2654435761U + 1;
+  for (char& byte : bytes) {
+    state = state * 1664525U + 1013904223U;
+    byte = static_cast<char>(state >> 24);
+  }
+  return bytes;
+}
+
+namespace {
+
+void remount(unsigned long flags) {
+  if (mount(nullptr, kCamera.c_str(), nullptr, MS_REMOUNT | MS_BIND | flags, nullptr) != 0) {
+    ADD_FAILURE() << "remounting: " << std::strerror(errno);
+  }
+}
+
+}  // namespace
+
+ReadOnlyCameraData::ReadOnlyCameraData() { remount(MS_RDONLY); }
+ReadOnlyCameraData::~ReadOnlyCameraData() { remount(0); }

@@ -1,0 +1,25 @@
+// Every test process works on its own, empty /data/vendor/camera.
+#include <gtest/gtest.h>
+#include <private_data.h>
+#include <sys/stat.h>
+
+#include <cstdio>
+
+// The one resource that stays allocated on purpose.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() {
+  return "leak:SimulationForAWBExtExposure\n";
+}
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (!testing::GTEST_FLAG(list_tests)) {
+    const std::string problem = simulation_host::useEmptyCameraData();
+    if (!problem.empty()) {
+      std::fprintf(stderr, "the tests need a private /data: %s\n", problem.c_str());
+      return 2;
+    }
+    umask(0);
+  }
+  return RUN_ALL_TESTS();
+}
