@@ -1,0 +1,66 @@
+#include "report.h"
+
+#include <unistd.h>
+
+#include <cinttypes>
+#include <cstdio>
+
+namespace capture {
+
+ProgressBar::ProgressBar(unsigned steps, bool wanted)
+    : steps_(steps), visible_(wanted && isatty(STDERR_FILENO)) {}
+
+ProgressBar::~ProgressBar() {
+  if (visible_) std::fputs("\r\033[K", stderr);
+}
+
+void ProgressBar::step() {
+  constexpr unsigned kWidth = 40;
+  const auto percent = [this](unsigned done) { return std::uint64_t{done} * 100 / steps_; };
+  ++done_;
+  if (!visible_ || percent(done_) == percent(done_ - 1)) return;
+  const int filled = static_cast<int>(std::uint64_t{done_} * kWidth / steps_);
+  std::fprintf(stderr, "\rrecording [%.*s%*s] %3u%%", filled,
+               "########################################", static_cast<int>(kWidth) - filled, "",
+               static_cast<unsigned>(percent(done_)));
+}
+
+void printHeader(const Options& options, const Scene& scene) {
+  const std::string what =
+      options.image.empty() ? "chart of 24 colours under " + options.illuminant : options.image;
+  std::printf("Scene: %s (%d x %d). Requests: %u, cameras: %u.\n\n", what.c_str(), scene.width(),
+              scene.height(), options.requests, options.cameras);
+}
+
+void printTable(const std::vector<Result>& results) {
+  std::printf("%-18s %9s %12s  %s\n", "record", "files", "bytes", "replayed");
+  for (const Result& result : results) {
+    std::printf("%-18s %9" PRIu64 " %12" PRIu64 "  %s\n", result.record.c_str(), result.files,
+                result.bytes, result.replayed.c_str());
+  }
+}
+
+void printSummary(const Options& options, const Session& session) {
+  const View view = session.replayedView(0);
+  std::printf("\nReplayed request %u over live inputs of a later request under another light.\n",
+              view.request());
+  std::printf("Error lines in the library's log: %" PRIu64
+              " expected (TuningMode tells the size of every read), %" PRIu64 " problems.\n",
+              session.expectedLogLines(), session.problems().count);
+  const bool slash = options.data.back() == '/';
+  std::printf(
+      "The files are in %s; one to look at:\n  %s%s%s/simulation_AWB_ExtExposure_camId[0].xml\n",
+      options.data.c_str(), options.data.c_str(), slash ? "" : "/", requestFolder(view).c_str());
+}
+
+void printProblems(const Problems& problems) {
+  for (const std::string& problem : problems.first) {
+    std::fprintf(stderr, "capture_session: %s\n", problem.c_str());
+  }
+  if (problems.count > problems.first.size()) {
+    std::fprintf(stderr, "capture_session: ... and %" PRIu64 " more\n",
+                 problems.count - problems.first.size());
+  }
+}
+
+}  // namespace capture

@@ -1,0 +1,30 @@
+// What the program tells its user: progress on stderr, results on stdout.
+#pragma once
+
+#include "options.h"
+#include "session.h"
+
+namespace capture {
+
+/// A bar on stderr, if wanted and that is a terminal; gone when it is destroyed.
+class ProgressBar {
+ public:
+  ProgressBar(unsigned steps, bool wanted);
+  ~ProgressBar();
+  void step();
+
+ private:
+  unsigned steps_, done_ = 0;
+  bool visible_;
+};
+
+void printHeader(const Options& options, const Scene& scene);
+void printTable(const std::vector<Result>& results);
+
+/// What was replayed, what the log said, and where the files are.
+void printSummary(const Options& options, const Session& session);
+
+/// On stderr.
+void printProblems(const Problems& problems);
+
+}  // namespace capture

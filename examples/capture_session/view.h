@@ -1,0 +1,54 @@
+// What one camera sees of the scene when one request is captured: its part of
+// the scene, through its lens, at the exposure of that moment. The same request,
+// camera and light always give the same view. Reads the scene only.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "scene.h"
+
+namespace capture {
+
+inline constexpr unsigned kMaxCameras = 6;
+
+/// The light that neutral surfaces seem to be under.
+struct WhiteBalance {
+  double redGain, blueGain;  // that make the mean colour grey
+  double temperature;        // correlated colour temperature, kelvin
+};
+
+class View {
+ public:
+  /// `index` counts the requests of the session from 0; `scene` must outlive the view.
+  View(const Scene& scene, Rgb light, unsigned index, unsigned camera);
+
+  /// The CamX id. The first is 10: extended exposures of lower ids are never recorded.
+  unsigned request() const { return index_ + 10; }
+  unsigned camera() const { return camera_; }
+
+  /// What the sensor reads, 0 to 1 with black at 0, averaged over a box of the frame.
+  Rgb mean(const Box& box) const;
+  std::vector<Rgb> grid(int columns, int rows) const;
+
+  /// Gain over the base sensitivity, and how far hand shake moved the frame.
+  double gain() const { return gain_; }
+  double shakeX() const { return shakeX_; }
+  double shakeY() const { return shakeY_; }
+
+  WhiteBalance whiteBalance() const;
+
+  /// Where the pipeline of this process keeps the frame: a pointer that means
+  /// nothing in another process or for another frame.
+  std::uint64_t frameBuffer() const;
+
+ private:
+  Rgb onSensor(Rgb sceneColor, double u, double v) const;
+
+  const Scene& scene_;
+  Rgb light_;
+  unsigned index_, camera_;
+  double shakeX_, shakeY_, gain_;
+};
+
+}  // namespace capture
