@@ -55,5 +55,5 @@ void Simulation::SimulationForAWBExtExposure(SimulationInfo* info, void* data,
   if (info->mode == kReadback) readBack(*document, path.c_str(), data);
   // Kept: this record's document stays with the pipeline, as its callers have
   // come to account for it.
-  document.release();
+  (void)document.release();
 }

@@ -20,7 +20,7 @@ constexpr char kExitStatuses[] =
 
 std::vector<std::string> illuminantNames() {
   std::vector<std::string> names;
-  for (const Illuminant& light : illuminants()) names.push_back(light.name);
+  for (const Illuminant& light : illuminants()) names.emplace_back(light.name);
   return names;
 }
 

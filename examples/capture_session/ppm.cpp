@@ -112,7 +112,7 @@ std::string readPpm(const std::string& path, Scene* scene) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::strerror(errno);
   Header header;
-  const std::string problem = readHeader(file, &header);
+  std::string problem = readHeader(file, &header);
   if (!problem.empty()) return problem;
 
   Reducer reducer(header);

@@ -50,7 +50,7 @@ void mirrorEntry(const fs::path& source, const fs::path& target) {
     fs::create_directory(target);
     bind(source, target);
   } else {
-    std::ofstream{target};
+    const std::ofstream mountPoint(target);
     bind(source, target);
   }
 }

@@ -1,0 +1,96 @@
+# What scripts/demo, scripts/test and .ci/run share: finding and installing what
+# a build needs, and building a preset. Sourced by bash scripts, never run.
+# Everything told to the person goes to stderr.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root" || exit 2
+
+# The one list of what is needed: purpose | Debian package | name elsewhere |
+# a quiet command that succeeds when it is there. Purposes: build, aarch64, format.
+needs() {
+  cat <<'END'
+build|g++|a C++17 compiler (g++)|has_header vector
+build|cmake|cmake >= 3.25|has_cmake
+build|ninja-build|ninja|command -v ninja
+build|libtinyxml2-dev|tinyxml2|has_header tinyxml2.h
+build|libgtest-dev|GoogleTest|has_header gtest/gtest.h
+build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
+aarch64|g++-aarch64-linux-gnu|a cross compiler (aarch64-linux-gnu-g++)|command -v aarch64-linux-gnu-g++
+aarch64|qemu-user|qemu-user (qemu-aarch64)|command -v qemu-aarch64
+aarch64|libtinyxml2-dev:arm64|tinyxml2 for arm64|test -e /usr/lib/aarch64-linux-gnu/libtinyxml2.so
+aarch64|libgtest-dev:arm64|GoogleTest for arm64|test -e /usr/lib/aarch64-linux-gnu/libgtest.a
+format|clang-format|clang-format|command -v clang-format
+END
+}
+
+say() { printf '%s\n' "$*" >&2; }
+
+has_header() { printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | ${CXX:-c++} -E -x c++ -; }
+
+has_cmake() {
+  local version
+  version=$(cmake --version | sed -n '1s/^cmake version //p') &&
+    printf '3.25\n%s\n' "$version" | sort -C -V
+}
+
+# Sets `packages` and `names` to what of the given purposes is missing.
+find_missing() {
+  local purpose package name probe
+  packages=() names=()
+  while IFS='|' read -r purpose package name probe; do
+    [[ " $* " == *" $purpose "* ]] || continue
+    $probe </dev/null >/dev/null 2>&1 && continue
+    packages+=("$package") names+=("$name")
+  done < <(needs)
+}
+
+listed() { local IFS=,; echo "$*" | sed 's/,/, /g'; }
+
+# Installs `packages`. The lists of apt are fetched anew only when they do not
+# know a package, or when they name a version that is gone.
+apt_install() {
+  local as_root=() foreign=
+  [ "$(id -u)" = 0 ] || as_root=(sudo -n)
+  as_root+=(env DEBIAN_FRONTEND=noninteractive)
+  [[ " ${packages[*]} " != *:arm64\ * ]] || dpkg --print-foreign-architectures | grep -qx arm64 ||
+    { foreign=1; "${as_root[@]}" dpkg --add-architecture arm64 || return; }
+  if [ -n "$foreign" ] || ! apt-get -s install "${packages[@]}" >/dev/null 2>&1; then
+    "${as_root[@]}" apt-get -q update >&2 || return
+  fi
+  local install=("${as_root[@]}" apt-get -q -y --no-install-recommends install "${packages[@]}")
+  "${install[@]}" >&2 || { "${as_root[@]}" apt-get -q update >&2 && "${install[@]}" >&2; }
+}
+
+# Makes sure that everything for the given purposes is there, or says what is
+# missing and ends the script with status 2.
+ensure() {
+  local packages names command
+  find_missing "$@"
+  [ ${#packages[@]} -gt 0 ] || return 0
+  if ! command -v apt-get >/dev/null; then
+    say "Needed and not found: $(listed "${names[@]}"). Install them and start again."
+    exit 2
+  fi
+  command="apt-get install ${packages[*]}"
+  [[ "$command" != *:arm64* ]] || command="dpkg --add-architecture arm64 && apt-get update && $command"
+  if [ "$(id -u)" != 0 ] && ! sudo -n true 2>/dev/null; then
+    say "Packages are missing. As root: $command"
+    exit 2
+  fi
+  say "Installing with apt: ${packages[*]}"
+  apt_install || { say "The installation failed. It was: $command"; exit 2; }
+  find_missing "$@"
+  [ ${#names[@]} = 0 ] || { say "Still not found after the installation: $(listed "${names[@]}")."; exit 2; }
+}
+
+# build PRESET [TARGET...]: configures only when there is no configured build
+# folder or the presets are newer; ninja notices every other change by itself.
+build() {
+  local preset=$1 made=build/$1/build.ninja
+  shift
+  if [ ! -e "$made" ] || [ CMakePresets.json -nt "$made" ]; then
+    cmake --preset "$preset" >&2 || return
+    touch "$made"
+  fi
+  cmake --build --preset "$preset" ${1:+--target "$@"} >&2
+}

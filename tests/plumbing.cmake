@@ -1,0 +1,18 @@
+# Tests of what the build delivers: the exported symbols, the installed package.
+add_test(NAME exported_symbols
+  COMMAND ${CMAKE_COMMAND} -D NM=${CMAKE_NM} -D LIBRARY=$<TARGET_FILE:simulation>
+          -D EXPECTED=${CMAKE_CURRENT_LIST_DIR}/exported_symbols.txt
+          -P ${CMAKE_CURRENT_LIST_DIR}/exported_symbols.cmake)
+
+# The consumer is built as this build is: same compiler, flags and emulator.
+set(consumer_settings "")
+foreach(setting CMAKE_BUILD_TYPE CMAKE_CXX_FLAGS CMAKE_TOOLCHAIN_FILE)
+  list(APPEND consumer_settings "-D${setting}=${${setting}}")
+endforeach()
+if(NOT CMAKE_TOOLCHAIN_FILE)
+  list(APPEND consumer_settings -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER})
+endif()
+add_test(NAME install_consumer
+  COMMAND ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR} -D GENERATOR=${CMAKE_GENERATOR}
+          -D SOURCE=${CMAKE_CURRENT_LIST_DIR}/consumer -D WORK=${CMAKE_CURRENT_BINARY_DIR}/consumer
+          "-D SETTINGS=${consumer_settings}" -P ${CMAKE_CURRENT_LIST_DIR}/install_consumer.cmake)
