@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/data_paths.h"
+#include "core/fatal.h"
 #include "core/log.h"
 #include "core/raw_file.h"
 
@@ -51,6 +52,7 @@ void runBinaryRecord(const BinaryRecord& record, const SimulationInfo& info, con
   if (info.mode == kDump && !(record.firstDumpWins && exists(path.c_str()))) {
     writeFile(data, path.c_str(), record.size, kDumpFlags);
   } else if (info.mode == kReadback) {
+    requireBelow(record.size, kLargestBinaryRecord + 1);
     std::array<char, kLargestBinaryRecord> staging;
     replayStaged(path.c_str(), staging.data(), data, record.size, record.liveHead);
   }

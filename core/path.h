@@ -17,7 +17,6 @@ class BoundedPath {
   template <typename... Piece>
   explicit BoundedPath(const Piece&... pieces) {
     (append(pieces), ...);
-    text_[length_] = '\0';
   }
 
   const char* c_str() const { return text_.data(); }
@@ -28,6 +27,8 @@ class BoundedPath {
   void append(std::string_view piece) {
     length_ += piece.copy(text_.data() + length_, Size - 1 - length_);
   }
+  /// A missing text is shown as "%s" shows it.
+  void append(const char* piece) { append(std::string_view(piece != nullptr ? piece : "(null)")); }
   void append(const BoundedPath& piece) { append(piece.view()); }
 
   /// In decimal, as "%d" shows it.
@@ -48,7 +49,7 @@ class BoundedPath {
   /// An id: file names show it as "%d" does, its 32 bits taken as signed.
   void append(unsigned int id) { append(static_cast<int>(id)); }
 
-  std::array<char, Size> text_;
+  std::array<char, Size> text_{};
   std::size_t length_ = 0;
 };
 

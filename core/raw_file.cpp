@@ -8,13 +8,15 @@
 namespace simulation {
 namespace {
 
-ssize_t writeOnce(const void* data, const char* path, std::size_t size, int flags) {
-  const FileDescriptor file(open(path, flags, 0777));
-  if (!file.valid()) {
-    SimulationLog(kError, "open file:%s failed; %s", path, std::strerror(errno));
-    return -1;
-  }
-  return write(file.get(), data, size);
+constexpr std::size_t kAllOnes = ~std::size_t{0};
+
+bool isComplete(ssize_t count, std::size_t size) {
+  return count >= 0 && static_cast<std::size_t>(count) == size;
+}
+
+void logWrittenCount(ssize_t count, std::size_t size) {
+  SimulationLog(kError, "write size(%d) is not equal to we need(%d) ,may be somthing wrong",
+                static_cast<int>(count), shown(size));
 }
 
 }  // namespace
@@ -32,7 +34,7 @@ ssize_t readFile(void* data, const char* path, std::size_t size, int offset) {
   if (!file.valid()) return -1;
   if (offset > 0) lseek(file.get(), offset, SEEK_SET);
   const ssize_t count = read(file.get(), data, size);
-  if (static_cast<std::size_t>(count) != size) {
+  if (!isComplete(count, size)) {
     SimulationLog(kError, "read fileName:%s size(%d) is not equal to we need(%d)", path,
                   static_cast<int>(count), shown(size));
   }
@@ -40,11 +42,14 @@ ssize_t readFile(void* data, const char* path, std::size_t size, int offset) {
 }
 
 ssize_t writeFile(const void* data, const char* path, std::size_t size, int flags) {
-  const ssize_t count = writeOnce(data, path, size, flags);
-  if (static_cast<std::size_t>(count) != size) {
-    SimulationLog(kError, "write size(%d) is not equal to we need(%d) ,may be somthing wrong",
-                  static_cast<int>(count), shown(size));
+  const FileDescriptor file(open(path, flags, 0777));
+  if (!file.valid()) {
+    SimulationLog(kError, "open file:%s failed; %s", path, std::strerror(errno));
+    if (size != kAllOnes) logWrittenCount(-1, size);
+    return -1;
   }
+  const ssize_t count = write(file.get(), data, size);
+  if (!isComplete(count, size)) logWrittenCount(count, size);
   return count;
 }
 

@@ -39,8 +39,8 @@ FileDescriptor openToRead(const char* path);
 ssize_t readFile(void* data, const char* path, std::size_t size, int offset);
 
 /// Writes `size` bytes with one write to a file opened with `flags` and returns
-/// the count, or -1. A failed open is logged, and then, like a short write, that
-/// the count differs.
+/// the count, or -1. Another count than `size` is logged; a failed open is logged
+/// before that, and alone where `size` is all ones.
 ssize_t writeFile(const void* data, const char* path, std::size_t size, int flags);
 
 }  // namespace simulation

@@ -183,6 +183,7 @@ TEST_F(AwbInput, TuningModeIsReplayedOnlyOntoItsOwnSensorMode) {
   } cases[] = {
       {16, 3, 5, {count, {6, "different sensor mode for tuning mode readback:3 now:5"}}},
       {17, 3, 0, {count, {6, "different sensor mode for tuning mode readback:773 now:5"}}},
+      {17, -1, 0, {count, {6, "different sensor mode for tuning mode readback:65285 now:5"}}},
       {27, 1, 2, {count}},
   };
   for (const auto& row : cases) {
@@ -241,6 +242,9 @@ struct ExtExposure : CameraDataTest {
 
 TEST_F(ExtExposure, DocumentAsAWhole) {
   run(0);
+  writeFile(dumped, std::string(1000, '#'));  // an older, longer file
+  takeLog();
+  run(0);
   EXPECT_EQ(readFile(dumped),
             "<ExtExposure>\n"
             "    <safeSensitivity>1</safeSensitivity>\n"
@@ -254,10 +258,11 @@ TEST_F(ExtExposure, DocumentAsAWhole) {
 }
 
 TEST_F(ExtExposure, ReadsWhatIsThereUnderAnyRoot) {
-  writeFile(replayed,
-            "<?xml version=\"1.0\"?><!-- edited --><other><frameLuma>4.5x</frameLuma>"
-            "<safeSensitivity>none</safeSensitivity><shortSensitivity/>"
-            "<longSensitivity> 7</longSensitivity><longSensitivity>8</longSensitivity></other>");
+  writeFile(
+      replayed,
+      "<?xml version=\"1.0\"?><!-- edited --><other><frameLuma>4.5x</frameLuma>"
+      "<safeSensitivity>none</safeSensitivity><shortSensitivity/>"
+      "<longSensitivity> &#55;</longSensitivity><longSensitivity>8</longSensitivity></other>");
   run(1);
   const float expected[6] = {1.0F, 7.0F, 123456.789F, 4.5F, 16777216.0F, 0.0F};
   EXPECT_TRUE(std::equal(values, values + 6, expected));
@@ -266,11 +271,15 @@ TEST_F(ExtExposure, ReadsWhatIsThereUnderAnyRoot) {
 
 TEST_F(ExtExposure, FirstTenRequestsAreIgnored) {
   run(0, 9);
-  run(1, 0);
+  run(1, 9);
+  run(2);
   EXPECT_EQ(tree(), std::vector<std::string>{});
   EXPECT_EQ(takeLog(), LogLines{});
   run(0, 10);
   EXPECT_EQ(tree().size(), 3U);
+  writeFile(replayed, "<a><frameLuma>2</frameLuma></a>");
+  run(1, 10);
+  EXPECT_EQ(values[3], 2.0F);
 }
 
 TEST_F(ExtExposure, FailuresAreLoggedAndLeaveTheValues) {
@@ -286,6 +295,10 @@ TEST_F(ExtExposure, FailuresAreLoggedAndLeaveTheValues) {
   ASSERT_EQ(symlink("/dev/full", dumped.c_str()), 0);  // opens, but takes no byte
   run(0);
   EXPECT_EQ(takeLog(), (LogLines{{6, "dump " + dumped + " fail"}}));
+  const ReadOnlyCameraData readOnly;
+  remove(dumped.c_str());
+  run(0, 11);
+  EXPECT_EQ(takeLog().back().text.find("dump " + kCamera + "tmp/RequestID[11]_camId[3]/"), 0U);
 }
 
 }  // namespace

@@ -90,6 +90,8 @@ TEST_F(Core, PathsAreCutAt127Characters) {
             (text + "--2147483648-" + text).substr(0, 127));
   EXPECT_EQ(simulation::Path(text, text).view().size(), 127U);
   EXPECT_EQ(simulation::Path(text, text, 7).c_str()[127], '\0');
+  const char* const missing = nullptr;
+  EXPECT_EQ(simulation::Path("a", missing, 4294967295U).view(), "a(null)-1");
 }
 
 TEST_F(Core, ReadFromFile) {
@@ -121,6 +123,15 @@ TEST_F(Core, ReadFromFile) {
   }
 }
 
+TEST_F(Core, ReadErrorIsLoggedWithTheLowBitsOfTheSize) {
+  char byte = 'x';
+  std::string folder = kCamera;
+  const std::string begin = "read fileName:" + folder + " size(-1) is not equal to we need(";
+  EXPECT_EQ(simulation.ReadFromFile(&byte, folder.data(), 5000000001UL, 0), -1);
+  EXPECT_EQ(simulation.ReadFromFile(&byte, folder.data(), ~0UL, 0), -1);
+  EXPECT_EQ(takeLog(), (LogLines{{6, begin + "705032705)"}, {6, begin + "-1)"}}));
+}
+
 TEST_F(Core, WritetoFileOpensAsTheCallerSays) {
   std::string path = kCamera + "data";
   const struct {
@@ -136,6 +147,11 @@ TEST_F(Core, WritetoFileOpensAsTheCallerSays) {
     EXPECT_EQ(readFile(path), row.result);
   }
   EXPECT_EQ(takeLog(), LogLines{});
+  path = kCamera + "new";
+  simulation.WritetoFile(path.data(), path.data(), 1, O_WRONLY | O_CREAT);
+  struct stat status = {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0777U);
 }
 
 TEST_F(Core, WritetoFileLogsAFailedOpenTwiceUnlessTheSizeIsAllOnes) {

@@ -1,6 +1,8 @@
 #include "library_log.h"
 
 #include <android/log.h>
+#include <cutils/properties.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <cstdarg>
@@ -20,7 +22,7 @@ std::vector<std::string> errors;
 
 void takeLine(int priority, const char* tag, const char* text) {
   if (showLines) {
-    std::fprintf(stderr, "%c/%s: %s\n", "??VDIWEF"[priority & 7], tag, text);
+    std::fprintf(stderr, "%c/%-8s(%5d): %s\n", "??VDIWEF"[priority & 7], tag, getpid(), text);
   }
   if (priority < ANDROID_LOG_ERROR) return;
   const std::lock_guard lock(errorsMutex);
@@ -35,8 +37,7 @@ void setUpLibraryLog(bool shown) {
 }
 
 bool libraryLogsErrors() {
-  const char* threshold = std::getenv(kThreshold);
-  return !threshold || std::atoi(threshold) <= ANDROID_LOG_ERROR;
+  return property_get_int32(kThreshold, ANDROID_LOG_VERBOSE) <= ANDROID_LOG_ERROR;
 }
 
 std::vector<std::string> takeErrorLines() {

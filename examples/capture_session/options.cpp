@@ -29,6 +29,7 @@ void addOptions(CLI::App* app, Options* options) {
                   "Folder for the recorded files; made if missing, and cleared when an earlier "
                   "run made it. Refused when it holds anything else")
       ->type_name("DIR")
+      ->check([](const std::string& name) { return name.empty() ? "must be named" : ""; })
       ->capture_default_str();
   auto* image = app->add_option("--image", options->image,
                                 "Photograph to use as the scene: binary PPM (P6), 8 or 16 bit. "

@@ -49,7 +49,7 @@ class Session {
   View replayedView(unsigned camera) const;
 
  private:
-  void checkDump(const Record& record, const View& view, std::size_t size, Result* result);
+  void checkDump(const Record& record, const View& view, const Bytes& data, Result* result);
   void putInPlace(unsigned camera);
   void replayRecord(const Record& record, const View& recordedView, const View& liveView,
                     Result* result);

@@ -10,8 +10,8 @@
 // LSC and ACB dumps go to the folder that SimulationInfo::folderName names.
 //
 // Record operations return nothing and report no error to the caller: a failure
-// is one line in the log (tag "[SIMULATION]") and leaves the live data in place
-// unless an operation says otherwise. The caller owns every pointer it passes;
+// is a line or two in the log (tag "[SIMULATION]") and leaves the live data in
+// place unless an operation says otherwise. The caller owns every pointer it passes;
 // nothing is kept after the call.
 //
 // Threads: operations share no state (the LSC sequence counter has a mutex of
@@ -93,7 +93,8 @@ class SIMULATION_API Simulation {
   ssize_t WritetoFile(void* buf, char* path, unsigned long size, int openFlags);
 
   /// @name White-balance inputs, byte for byte (simulation_AWB_*.bin)
-  /// A readback of a file that is missing or too short leaves the record as it is.
+  /// A readback of a file that is missing or too short leaves the record as it is,
+  /// unless the operation says otherwise.
   /// @{
 
   /// 1784 bytes. The first eight are never taken from the file.
