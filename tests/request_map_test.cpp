@@ -1,0 +1,312 @@
+// The request map: which request leaves when, what its image gets, what is logged.
+#include "requestmap/request_map.h"
+
+#include <simulation/request_map.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+#include <thread>
+
+#include "core/path.h"
+#include "tests/support/camera_data.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+template <typename... Piece>
+LogLine logged(int level, const Piece&... pieces) {
+  return {level, simulation::BoundedPath<1024>(pieces...).c_str()};
+}
+
+LogLine added(int fwkID, int chiID, int index) {
+  return logged(2, "add request fwkID:", fwkID, "<==>chiID:", chiID, "<==>index:", index);
+}
+
+LogLine flushed(int i, int front, int rear, int count) {
+  return logged(2, "dequeueAll:i =", i, " ,front =", front, ", rear =", rear, ", count = ", count);
+}
+
+std::string dumpFolder(int camxID, int camId) {
+  return simulation::Path(kCamera, "tmp/RequestID[", camxID, "]_camId[", camId, "]").c_str();
+}
+
+/// Writes a file that contains its own path, and the folders it needs.
+void put(const std::string& path) {
+  fs::create_directories(fs::path(path).parent_path());
+  writeFile(path, path);
+}
+
+class RequestMapTest : public CameraDataTest {
+ protected:
+  ~RequestMapTest() override { EXPECT_EQ(tree("/proc/self/fd").size(), openBefore_) << "leaked"; }
+
+  void enqueue(int fwkID, int chiID) {
+    RequestData request;
+    request.fwkID = static_cast<std::uint64_t>(fwkID);
+    request.chiID = static_cast<std::uint64_t>(chiID);
+    map.enqueue(request);
+  }
+  void insertForCamx(int chiID, int camxID, int camId) {
+    map.insertForCamx(static_cast<std::uint64_t>(chiID), static_cast<std::uint64_t>(camxID),
+                      static_cast<std::uint32_t>(camId));
+  }
+
+  RequestMap map;
+
+ private:
+  const std::size_t openBefore_ = tree("/proc/self/fd").size();
+};
+
+TEST_F(RequestMapTest, FlushesWhenFreshThenFillsWrapsAndDropsTheOldest) {
+  put(kCamera + "tmp_asd/left/over");
+  LogLines expected;
+  for (int i = 0; i < 50; ++i) {
+    expected.insert(expected.end(), {logged(2, "Request Map Empty"), flushed(i, 0, 0, 50)});
+  }
+  for (int n = 1; n <= 130; ++n) {
+    const int left = n - 50;  // 0: the slot that a fresh map never writes
+    enqueue(n, n + 1000);
+    insertForCamx(n + 1000, n + 500, 2);
+    if (n > 1 && left < 0) expected.push_back(logged(2, "Request Map Not FULL for fwkID:", n - 1));
+    if (left > 0) {
+      expected.push_back(logged(2, "dequeue:fwkID:", left, "<==>chi:", n + 950, "<==>camx:",
+                                n + 450, "----camid:2 imageName: new frontId:", (left + 1) % 50));
+      expected.push_back(logged(6, "Error deleting directory:", dumpFolder(n + 450, 2), "."));
+    }
+    expected.push_back(added(n, n + 1000, n % 50));
+    expected.push_back(logged(2, "iFromCamx:fwkID:", n, "<==>chiId:", n + 1000,
+                              "<==>camxID:", n + 500, "<==>index:", n % 50));
+  }
+  EXPECT_EQ(takeLog(), expected);
+  EXPECT_EQ(tree(), Names{"tmp_asd/"});
+}
+
+TEST_F(RequestMapTest, EmptyNewestSlotRestartsTheMap) {
+  for (const int chiID : {11, 12, 0}) enqueue(chiID, chiID);
+  takeLog();
+  enqueue(4, 14);
+  EXPECT_EQ(takeLog(), (LogLines{flushed(0, 1, 3, 3), flushed(1, 2, 3, 3), flushed(2, 3, 3, 3),
+                                 added(4, 14, 4)}));
+  for (int n = 5; n <= 52; ++n) enqueue(n, n);
+  EXPECT_EQ(map.dequeueAll(), -1) << "there is no scratch folder";
+  EXPECT_EQ(takeLog().back(), flushed(48, 2, 2, 49));
+}
+
+TEST_F(RequestMapTest, CamxIdsGoToTheNewestSlotOfTheirChiId) {
+  for (const int fwkID : {1, 2, 3}) enqueue(fwkID, 11);
+  takeLog();
+  insertForCamx(99, 7, 0);
+  EXPECT_EQ(takeLog(), LogLines{});
+  insertForCamx(11, 7, 5);
+  map.insertForCamx(11, 0x100000008, 5);
+  EXPECT_EQ(takeLog().back(), logged(2, "iFromCamx:fwkID:3<==>chiId:11<==>camxID:8<==>index:3"));
+  insertForCamx(11, 9, 0);
+  EXPECT_EQ(map.entries[3].camMask, 0b100001);
+  EXPECT_EQ(map.entries[3].camxID[5], 0x100000008U);
+  insertForCamx(0, 7, 1);  // empty slots count: the first one going back is 0
+  EXPECT_EQ(map.entries[0].camMask, 0b10);
+  map.entries[4].chiID = 14;  // where the search ends
+  insertForCamx(14, 7, 2);
+  EXPECT_EQ(map.entries[4].camMask, 0b100);
+}
+
+TEST_F(RequestMapTest, BrokenBoundsAbort) {
+  const auto aborts = testing::KilledBySignal(SIGABRT);
+  EXPECT_EXIT(::insertForCamx(1, 1, 6), aborts, "");
+  EXPECT_EXIT((map.rear = 50, enqueue(1, 1)), aborts, "");
+  EXPECT_EXIT((map.rear = -1, insertForCamx(1, 1, 0)), aborts, "");
+  EXPECT_EXIT((map.front = 50, map.dequeue()), aborts, "");
+}
+
+TEST_F(RequestMapTest, NamesFindTheNewestSlotOfTheirFrame) {
+  const std::string name = std::string(60, 'n') + "cut here";
+  for (const int fwkID : {5, 900, 5, 7}) enqueue(fwkID, 11);
+  const struct {
+    std::uint64_t offset;
+    unsigned int frame;
+    int slot;
+  } cases[] = {{1000, 1005, 3}, {1000, 900, 2}, {7, 7, 4}, {0x100000007, 5, 3}};
+  for (const auto& row : cases) {
+    RequestMap named = map;
+    named.m_OffPreReqStart = row.offset;
+    named.addForImageName({1, row.frame}, name.c_str());
+    EXPECT_EQ(takeLog().back(),
+              logged(2, "find fwkNum:", row.frame, " imageName:", name,
+                     " requestIndex:1 m_OffPreReqStart:", static_cast<int>(row.offset)));
+    EXPECT_EQ(named.entries[row.slot].imageName, name.substr(0, 63));
+    EXPECT_EQ(named.entries[row.slot].index, 1U);
+    EXPECT_STREQ(named.entries[1].imageName, "");
+  }
+}
+
+TEST_F(RequestMapTest, EarlyNamesAreParkedByPositionAndUsedOnce) {
+  map.addForImageName(std::vector<unsigned int>(40, 90), "replaced");
+  EXPECT_EQ(map.tmpEntries[11].fwkID, 90U);
+  for (const char* nothing : {static_cast<const char*>(nullptr), ""}) {
+    map.addForImageName({1, 1, 1, 1}, nothing);
+  }
+  map.m_OffPreReqStart = 100;
+  map.addForImageName({107, 107, 8}, "IMG");
+  const LogLines log = takeLog();
+  ASSERT_EQ(log.size(), 43U);
+  EXPECT_EQ(log.back().text,
+            "not find fwkNum:8 in map, imageName:IMG,add for tmp requestIndex:2, "
+            "m_OffPreReqStart:100");
+  const struct {
+    int fwkID;
+    std::string name;
+    unsigned int index;
+  } cases[] = {{8, "IMG", 2}, {7, "IMG", 0}, {7, "IMG", 1}, {7, "", 0}, {90, "replaced", 3}};
+  for (const auto& row : cases) {
+    enqueue(row.fwkID, 11);
+    const LogLines lines = takeLog();
+    EXPECT_EQ(map.entries[map.rear].imageName, row.name);
+    EXPECT_EQ(map.entries[map.rear].index, row.index);
+    EXPECT_EQ(lines.back(), added(row.fwkID, 11, map.rear));
+    const LogLine named = logged(2, "add request fwkID:", row.fwkID,
+                                 "<==>chiID:11<==>imgName:", row.name, "<==>index:", map.rear);
+    EXPECT_EQ(lines[lines.size() - 2] == named, row.name != "");
+  }
+}
+
+TEST_F(RequestMapTest, DumpsGoToTheImageAndOverwriteNothing) {
+  enqueue(1, 11);
+  enqueue(2, 12);
+  for (const int camId : {0, 2, 5}) insertForCamx(11, 70 + camId, camId);
+  map.addForImageName({1}, "IMG");
+  std::string apart = dumpFolder(72, 5);
+  for (const auto& folder : {kCamera + "IMG", dumpFolder(72, 2), apart}) put(folder + "/b");
+  for (const auto& folder : {dumpFolder(70, 0), apart}) put(folder + "/a");
+  map.dequeue();
+  takeLog();
+  map.dequeue();
+  LogLines expected;
+  for (const int camId : {0, 2, 5}) {
+    const simulation::Path ids("fwkID:1<==>chi:11<==>camx:", 70 + camId);
+    const std::string folder = dumpFolder(70 + camId, camId);
+    const std::string file = camId == 0 ? "/a" : "/b";
+    expected.insert(
+        expected.end(),
+        {logged(2, "dequeue:", ids.view(), "----camid:", camId, " imageName:IMG new frontId:2"),
+         logged(3, "move_file from :", folder, " to ", kCamera, "IMG for ", ids.view()),
+         logged(6, "move_file:", folder, file, ":", kCamera, "IMG", file)});
+  }
+  expected.back().text = "Failed to open source directory";
+  EXPECT_EQ(takeLog(), expected);
+  EXPECT_EQ(readFile(kCamera + "IMG/b"), kCamera + "IMG/b");
+  EXPECT_EQ(map.move_file(apart.data(), std::string("/no folder").data()), 0);
+  const LogLines log = takeLog();
+  EXPECT_EQ(std::count(log.begin(), log.end(), logged(6, "Failed to move file a")), 1);
+  EXPECT_EQ(std::count(log.begin(), log.end(), logged(6, "Failed to move file b")), 1);
+  EXPECT_EQ(tree(), (Names{"IMG/", "IMG/a", "IMG/b", "tmp/", "tmp/RequestID[72]_camId[2]/",
+                           "tmp/RequestID[72]_camId[2]/b", "tmp/RequestID[72]_camId[5]/",
+                           "tmp/RequestID[72]_camId[5]/a", "tmp/RequestID[72]_camId[5]/b"}));
+}
+
+TEST_F(RequestMapTest, DeletingTakesTheWholeTreeOrStops) {
+  const std::string root = kCamera + "root";
+  const std::string name = "/" + std::string(255, 'n');
+  const struct {
+    const char* link;  ///< where a link in the tree points to
+    bool removeSelf;
+    bool deleted;
+    Names left;
+  } cases[] = {{"target/inside", true, true, {"target/", "target/inside"}},
+               {"target/inside", false, true, {"root/", "target/", "target/inside"}},
+               {"target", true, false, {"root/", "root/link/", "target/"}},
+               {"nowhere", false, false, {"root/", "root/link", "target/", "target/inside"}}};
+  for (const auto& row : cases) {
+    put(kCamera + "target/inside");
+    if (row.deleted) put(root + name + name + name);
+    fs::create_directories(root);
+    fs::create_symlink(kCamera + row.link, root + "/link");
+    EXPECT_EQ(map.delete_directory(root.c_str(), row.removeSelf) == 0, row.deleted);
+    EXPECT_EQ(tree(), row.left);
+    fs::remove_all(root);
+  }
+  EXPECT_EQ(map.delete_directory(root.c_str(), true), -1);
+}
+
+TEST_F(RequestMapTest, ThreadsShareTheRing) {
+  enqueue(1, 1001);
+  std::atomic<bool> started{false};
+  std::vector<std::thread> threads;
+  for (const int first : {100, 200, 300}) {
+    threads.emplace_back([&, first] {
+      while (!started) std::this_thread::yield();
+      for (int n = first; n < first + 16; ++n, std::this_thread::yield()) {
+        enqueue(n, n + 1000);
+        for (int camId = 0; camId < 3; ++camId) insertForCamx(n + 1000, n, camId);
+        map.addForImageName({static_cast<unsigned int>(n), 2}, std::to_string(n).c_str());
+        insertForCamx(1001, n, 5);
+      }
+    });
+  }
+  started = true;
+  for (std::thread& thread : threads) thread.join();
+  std::set<std::string> complete;
+  for (const RequestData& slot : map.entries) {
+    if (slot.camMask != 0b111 || slot.chiID != slot.fwkID + 1000) continue;
+    if (slot.imageName == std::to_string(slot.fwkID)) complete.insert(slot.imageName);
+  }
+  EXPECT_EQ(complete.size(), 48U);
+}
+
+TEST_F(RequestMapTest, NothingIsLostInTenThousandRequests) {
+  for (const char* folder : {"IMG", "tmp", "tmp_asd"}) fs::create_directory(kCamera + folder);
+  Names expected = {"IMG/", "tmp/", "tmp_asd/"};
+  for (int n = 1; n <= 10000; ++n) {
+    const std::vector<unsigned int> frame = {static_cast<unsigned int>(n)};
+    if (n % 3 == 1) map.addForImageName(frame, "IMG");
+    enqueue(n, n + 1000);
+    for (int camId = 0; camId < 3; ++camId) {
+      const std::string name = "/" + std::to_string(n) + "_" + std::to_string(camId);
+      insertForCamx(n + 1000, n + 5, camId);
+      fs::create_directory(dumpFolder(n + 5, camId));
+      close(creat((dumpFolder(n + 5, camId) + name).c_str(), 0666));
+      if (n % 3 != 0) expected.push_back("IMG" + name);
+    }
+    if (n % 3 == 2) map.addForImageName(frame, "IMG");
+    takeLog();
+  }
+  enqueue(20000, 1);
+  EXPECT_EQ(map.dequeueAll(), 0);
+  std::sort(expected.begin(), expected.end());
+  EXPECT_TRUE(tree() == expected);
+}
+
+// The map of the process, which the child process is the first to use.
+using ProcessMap = CameraDataTest;
+TEST_F(ProcessMap, StartsEmptyAndLetsGoOfOneRequestAtExit) {
+  const auto run = [] {
+    insertForCamx(1, 1, 5);
+    const bool silent = takeLog().empty();
+    const bool empty = dequeueAll() == -1 && takeLog().size() == 100;
+    setOffPreReqStart(100);
+    for (const unsigned int n : {1U, 2U, 3U}) {
+      insertForChi(n, n + 10);
+      insertForCamx(n + 10, n + 70, 1);
+      put(dumpFolder(static_cast<int>(n) + 70, 1) + "/" + std::to_string(n));
+      if (n == 1) dequeueAll();  // brings front to the slot of request 1
+    }
+    std::vector<unsigned int> frames = {102, 101};
+    addForImageName(&frames, "IMG");
+    std::exit(silent && empty);
+  };
+  fs::create_directory(kCamera + "IMG");
+  EXPECT_EXIT(run(), testing::ExitedWithCode(1), "");
+  EXPECT_EQ(tree(), (Names{"IMG/", "IMG/1", "tmp/", "tmp/RequestID[72]_camId[1]/",
+                           "tmp/RequestID[72]_camId[1]/2", "tmp/RequestID[73]_camId[1]/",
+                           "tmp/RequestID[73]_camId[1]/3"}));
+}
+
+}  // namespace
