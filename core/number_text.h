@@ -1,0 +1,95 @@
+// Numbers as text and text as numbers, with the results that the standard
+// streams and conversions have in the classic locale, whatever locale the host
+// process uses. No state, no locks.
+//
+// Everything common is computed exactly in integers or with one exact double
+// operation; what that can't prove right goes to the C library's own functions.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+namespace simulation {
+
+/// @name Writing
+/// Each function writes at `out` and returns the end of the text, which gets no
+/// NUL. The constants tell the room that a call may use.
+/// @{
+
+inline constexpr std::size_t kUnsignedRoom = 20;
+inline constexpr std::size_t kSignedRoom = 20;
+inline constexpr std::size_t kByteItemRoom = 4;
+inline constexpr std::size_t kStreamFloatRoom = 12;
+inline constexpr std::size_t kXmlFloatRoom = 14;
+inline constexpr std::size_t kFixedFloatRoom = 47;
+
+char* writeUnsigned(char* out, std::uint64_t value);
+char* writeSigned(char* out, std::int64_t value);
+
+/// The value and one blank: an item of a long list of bytes.
+char* writeByteItem(char* out, std::uint8_t value);
+
+/// Six significant digits, as a stream writes a float by default.
+char* writeStreamFloat(char* out, float value);
+
+/// Eight significant digits, as tinyxml2 writes a float.
+char* writeXmlFloat(char* out, float value);
+
+/// Exactly six digits after the point, as a stream with std::fixed writes a float.
+char* writeFixedFloat(char* out, float value);
+/// @}
+
+/// A text that grows at its end, in one allocation of the size given up front.
+/// The caller sees to it that what it appends fits.
+class TextBuilder {
+ public:
+  explicit TextBuilder(std::size_t room) : text_(new char[room + 1]), end_(text_.get()) {}
+
+  void append(char character) { *end_++ = character; }
+
+  /// `text.append(writeUnsigned, sum)`
+  template <typename Write, typename Value>
+  void append(Write write, Value value) {
+    end_ = write(end_, value);
+  }
+
+  bool empty() const { return end_ == text_.get(); }
+
+  /// The text so far, until the next append.
+  const char* c_str() {
+    *end_ = '\0';
+    return text_.get();
+  }
+
+ private:
+  std::unique_ptr<char[]> text_;
+  char* end_;
+};
+
+/// @name Stream extraction
+/// What `stream >> value` does: blanks are skipped, then as much as can belong
+/// to a number is taken. Moves `cursor` behind what was taken; false, with
+/// `value` as it was, when that is no number or out of range. A negative text is
+/// negated modulo 2^N into an unsigned; a float too small for its type is zero.
+/// @{
+bool extract(const char*& cursor, const char* end, std::uint64_t& value);
+bool extract(const char*& cursor, const char* end, std::uint16_t& value);
+bool extract(const char*& cursor, const char* end, float& value);
+/// @}
+
+/// @name The standard conversions
+/// std::stoi, std::stoll (both base 10) and std::stof: what follows the number is
+/// ignored; std::invalid_argument and std::out_of_range leave as they do there.
+/// @{
+int toInt(std::string_view text);
+long long toLongLong(std::string_view text);
+float toFloat(std::string_view text);
+/// @}
+
+/// What sscanf's "%f" finds in `text`, which is how tinyxml2 reads a float. False,
+/// with `value` as it was, when that is nothing.
+bool scanFloat(const char* text, float& value);
+
+}  // namespace simulation

@@ -1,0 +1,10 @@
+// The powers of ten that a double holds exactly, as far as they are used.
+#pragma once
+
+namespace simulation {
+
+inline constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
+                                          1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
+                                          1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
+
+}  // namespace simulation
