@@ -11,16 +11,32 @@
 namespace simulation {
 namespace {
 
+void makeDumpFolder(const Path& folder) {
+  if (!makeFolder(folder.c_str())) {
+    SimulationLog(kError, "dirPath:%s create fail", folder.c_str());
+  }
+}
+
 /// The request's folder, made on the first dump into it. A folder that is there
 /// proves its tmp root.
 Path makeRequestFolder(unsigned int requestId, unsigned int camId) {
   Path folder = requestFolder(requestId, camId);
   if (exists(folder.c_str())) return folder;
   makeTmpRoot();
-  if (!makeFolder(folder.c_str())) {
-    SimulationLog(kError, "dirPath:%s create fail", folder.c_str());
-  }
+  makeDumpFolder(folder);
   return folder;
+}
+
+/// Only the last folder of `name` is made.
+Path makeNamedFolder(const char* name) {
+  Path folder(kDataRoot, "/", name);
+  makeTmpRoot();
+  makeDumpFolder(folder);
+  return folder;
+}
+
+Path prefixBelow(const Path& folder, FileType type) {
+  return Path(folder, "/simulation_", nameOf(type));
 }
 
 }  // namespace
@@ -40,9 +56,11 @@ Path requestFolder(unsigned int requestId, unsigned int camId) {
 }
 
 Path recordPrefix(int mode, FileType type, unsigned int requestId, unsigned int camId) {
-  if (mode != kDump) return Path(kDataRoot, "/simulation_", nameOf(type));
-  const Path folder = makeRequestFolder(requestId, camId);
-  return Path(folder, "/simulation_", nameOf(type));
+  return prefixBelow(mode == kDump ? makeRequestFolder(requestId, camId) : Path(kDataRoot), type);
+}
+
+Path namedFolderPrefix(int mode, FileType type, const char* folderName) {
+  return prefixBelow(mode == kDump ? makeNamedFolder(folderName) : Path(kDataRoot), type);
 }
 
 Path recordPath(const SimulationInfo& info, FileType type, const char* tail, unsigned int requestId,

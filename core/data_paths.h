@@ -35,6 +35,11 @@ Path requestFolder(unsigned int requestId, unsigned int camId);
 /// returned all the same. Aborts when `type` has no name.
 Path recordPrefix(int mode, FileType type, unsigned int requestId, unsigned int camId);
 
+/// The same for the families that dump into one folder of the caller's choice,
+/// straight below the data root. In dump mode the tmp root is made, too, which
+/// nothing here needs.
+Path namedFolderPrefix(int mode, FileType type, const char* folderName);
+
 /// A record's file: its prefix, `tail`, the camera and `extension`.
 Path recordPath(const SimulationInfo& info, FileType type, const char* tail, unsigned int requestId,
                 unsigned int camId, const char* extension);

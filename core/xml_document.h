@@ -22,4 +22,14 @@ tinyxml2::XMLElement& appendElement(tinyxml2::XMLNode& parent, const char* name)
 /// nearest name, and may leave a part of the document behind.
 tinyxml2::XMLError saveXml(tinyxml2::XMLDocument& document, const char* path);
 
+/// The same, telling the outcome in the log: a success at `successLevel`.
+void saveXmlAndLog(tinyxml2::XMLDocument& document, const char* path, int successLevel);
+
+/// The first child element called `name`; a missing one is logged and null.
+const tinyxml2::XMLElement* findElement(const tinyxml2::XMLNode& parent, const char* name);
+
+/// Loads `path` and returns the document's first node as it is, which need not
+/// be an element. A failure is logged and gives null.
+const tinyxml2::XMLNode* loadXmlRoot(tinyxml2::XMLDocument& document, const char* path);
+
 }  // namespace simulation

@@ -16,11 +16,20 @@ struct XmlField {
   void (*read)(const tinyxml2::XMLElement& element, void* member);
 };
 
-/// A float in tinyxml2's text form (up to eight significant digits).
+/// A float in tinyxml2's text form (up to eight significant digits), with a
+/// point whatever the process's locale.
 void writeFloat(tinyxml2::XMLElement& element, const void* member);
 
 /// The same back; a text that is no number leaves the member.
 void queryFloat(const tinyxml2::XMLElement& element, void* member);
+
+/// The same two for an attribute; a missing one leaves the member, too.
+void writeFloatAttribute(tinyxml2::XMLElement& element, const char* name, const void* member);
+void queryFloatAttribute(const tinyxml2::XMLElement& element, const char* name, void* member);
+
+/// An attribute that is a 64-bit unsigned number, and back.
+void writeUnsigned64Attribute(tinyxml2::XMLElement& element, const char* name, const void* member);
+void queryUnsigned64Attribute(const tinyxml2::XMLElement& element, const char* name, void* member);
 
 /// Appends one element to `parent` for each row, in order.
 template <typename Fields>

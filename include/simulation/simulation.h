@@ -92,6 +92,44 @@ class SIMULATION_API Simulation {
   /// `openFlags` (mode 0777). Returns the count written, or -1.
   ssize_t WritetoFile(void* buf, char* path, unsigned long size, int openFlags);
 
+  /// The exposure decision of one exposure step as XML
+  /// (simulation_AE_AECData_*_ev[step].xml): lux index, gains and three exposures
+  /// of the auto exposure output, at the offsets of AECOutputLayout.
+  /// `evIndex` points to the step, a 32-bit unsigned number.
+  ///
+  /// A readback replaces member after member until an element is missing; the
+  /// members before it stay replaced. An attribute that is missing, or a value
+  /// that is no number, leaves its member.
+  void SimulationForAECData(SimulationInfo* info, void* aecOutput, unsigned int requestId,
+                            unsigned int camId, void* evIndex);
+
+  /// @name Bayer-grid statistics (`stats`: a BayerGridOutput) as XML
+  /// @{
+
+  /// Writes the statistics to `path`; the first region of each pair when they
+  /// are paired. Aborts the process when there are more than 3888 regions. A null
+  /// `stats` is logged.
+  void dumpAWBStatsForSimulation(void* stats, char* path);
+
+  /// Replaces the regions by those in `path` and leaves the header live. The
+  /// file tells their number (at most 3888 are replayed) and whether they are
+  /// paired: then each pair gets a region and the one that follows it. A file
+  /// that lacks anything changes nothing; a list that is too short or broken is
+  /// filled up with zeros.
+  void readAWBStatsForSimulation(void* stats, char* path);
+  /// @}
+
+  /// What white balance gets to know of the exposure (`data`: an AWBExposureInfo)
+  /// as XML (simulation_AWB_AECData_*.xml). A readback leaves what is missing or
+  /// no number, and replaces the first byte of AECSettled only.
+  void SimulationForAWBAECData(SimulationInfo* info, void* data, unsigned int requestId,
+                               unsigned int camId);
+
+  /// The parsed Bayer-grid statistics. `text` is part of the file name and tells
+  /// apart the statistics of one request.
+  void SimulationForAWBParsedStatsOutput(SimulationInfo* info, void* stats, unsigned int requestId,
+                                         unsigned int camId, const char* text);
+
   /// @name White-balance inputs, byte for byte (simulation_AWB_*.bin)
   /// A readback of a file that is missing or too short leaves the record as it is,
   /// unless the operation says otherwise.
@@ -134,6 +172,20 @@ class SIMULATION_API Simulation {
   /// neither dumped nor replayed. A value that is missing or no number stays live.
   void SimulationForAWBExtExposure(SimulationInfo* info, void* data, unsigned int requestId,
                                    unsigned int camId);
+
+  /// Writes the path prefix of the records of a named image into `out` (at least
+  /// 128 bytes; the prefix is cut at 127 characters): in mode 0 below the folder
+  /// `folderName`, which is created like the tmp root, else straight under
+  /// /data/vendor/camera. The ids are not used.
+  void getOfflineAWBFilesPath(int mode, FileType type, char* out, unsigned int requestId,
+                              unsigned int camId, char* folderName);
+
+  /// The statistics (a BayerGridOutput, as XML) and their configuration (144
+  /// bytes) for white balance computed again after the capture. They are dumped
+  /// into the folder that SimulationInfo::folderName names, and each only when
+  /// its file isn't there yet. The two don't depend on each other's success.
+  void SimulationForOfflineAWBBGStats(SimulationInfo* info, void* stats, void* config,
+                                      unsigned int requestId, unsigned int camId);
 };
 
 /// Owner of the one Simulation object of the process.

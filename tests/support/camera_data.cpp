@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -38,6 +39,18 @@ std::vector<std::string> tree(const std::string& folder) {
   }
   std::sort(names.begin(), names.end());
   return names;
+}
+
+std::string withoutLine(std::string text, const std::string& part) {
+  const std::size_t begin = text.rfind('\n', text.find(part)) + 1;
+  return text.erase(begin, text.find('\n', begin) + 1 - begin);
+}
+
+std::optional<std::string> askXmllint(const std::string& xpath, const std::string& path) {
+  const std::string answer = kCamera + "answer";
+  const std::string command = "xmllint --xpath '" + xpath + "' '" + path + "' >" + answer;
+  if (std::system("xmllint --version 2>/dev/null") != 0) return std::nullopt;
+  return std::system(command.c_str()) == 0 ? readFile(answer) : "unreadable";
 }
 
 std::string pattern(std::size_t size, unsigned int seed) {

@@ -6,6 +6,7 @@
 #include <simulation/simulation.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,12 @@ std::string readFile(const std::string& path);
 
 /// All files and folders below `folder`, relative to it, sorted; folders end in "/".
 std::vector<std::string> tree(const std::string& folder = kCamera);
+
+/// `text` without the first line that holds `part`.
+std::string withoutLine(std::string text, const std::string& part);
+
+/// What an independent XML reader finds at `xpath`; nothing where there is none.
+std::optional<std::string> askXmllint(const std::string& xpath, const std::string& path);
 
 /// Bytes that differ from place to place, and from seed to seed.
 std::string pattern(std::size_t size, unsigned int seed);

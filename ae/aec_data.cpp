@@ -1,0 +1,87 @@
+// The exposure decision of auto exposure, one XML document for each exposure
+// step.
+#include <simulation/records.h>
+#include <simulation/simulation.h>
+
+#include "core/bytes.h"
+#include "core/data_paths.h"
+#include "core/log.h"
+#include "core/xml_document.h"
+#include "core/xml_fields.h"
+
+namespace simulation {
+namespace {
+
+void writeExposure(tinyxml2::XMLElement& element, const void* member) {
+  const char* const exposure = static_cast<const char*>(member);
+  writeUnsigned64Attribute(element, "ExposureTime", exposure + offsetof(AECExposure, exposureTime));
+  writeFloatAttribute(element, "Gain", exposure + offsetof(AECExposure, gain));
+  writeFloatAttribute(element, "Sensitivity", exposure + offsetof(AECExposure, sensitivity));
+}
+
+void readExposure(const tinyxml2::XMLElement& element, void* member) {
+  char* const exposure = static_cast<char*>(member);
+  queryUnsigned64Attribute(element, "ExposureTime", exposure + offsetof(AECExposure, exposureTime));
+  queryFloatAttribute(element, "Gain", exposure + offsetof(AECExposure, gain));
+  queryFloatAttribute(element, "Sensitivity", exposure + offsetof(AECExposure, sensitivity));
+}
+
+constexpr std::size_t exposureAt(std::size_t index) {
+  return AECOutputLayout::exposures + index * sizeof(AECExposure);
+}
+
+constexpr XmlField kFields[] = {
+    {"LuxIndex", AECOutputLayout::luxIndex, writeFloat, queryFloat},
+    {"DigitalGain", AECOutputLayout::digitalGain, writeFloat, queryFloat},
+    {"ExposureIndexShort", exposureAt(0), writeExposure, readExposure},
+    {"ExposureIndexLong", exposureAt(1), writeExposure, readExposure},
+    {"ExposureIndexSafe", exposureAt(2), writeExposure, readExposure},
+    {"DrcGain", AECOutputLayout::drcGain, writeFloat, queryFloat},
+    {"DrcGainDark", AECOutputLayout::drcGainDark, writeFloat, queryFloat},
+};
+
+void dump(tinyxml2::XMLDocument& document, const char* path, const void* data) {
+  appendFields(appendElement(document, "SimulationData"), data, kFields);
+  saveXmlAndLog(document, path, kError);
+}
+
+/// Unlike the other records, this one needs all of its elements: it stops at the
+/// first that is missing, with those before it replayed.
+bool replayFields(const tinyxml2::XMLNode& root, void* data) {
+  for (const XmlField& field : kFields) {
+    const tinyxml2::XMLElement* element = findElement(root, field.name);
+    if (element == nullptr) return false;
+    field.read(*element, static_cast<char*>(data) + field.offset);
+  }
+  return true;
+}
+
+void readBack(tinyxml2::XMLDocument& document, const char* path, void* data) {
+  // Only the root counts, not the load's result: what could be parsed of a
+  // damaged file is replayed.
+  document.LoadFile(path);
+  const tinyxml2::XMLNode* root = document.FirstChild();
+  if (root == nullptr) {
+    SimulationLog(kError, "[%s] read xml root failed", path);
+  } else if (replayFields(*root, data)) {
+    SimulationLog(kError, "readback %s success", path);
+  }
+}
+
+}  // namespace
+}  // namespace simulation
+
+using namespace simulation;
+
+void Simulation::SimulationForAECData(SimulationInfo* info, void* aecOutput, unsigned int requestId,
+                                      unsigned int camId, void* evIndex) {
+  const Path prefix = recordPrefix(static_cast<int>(info->mode), FileType::AE, requestId, camId);
+  const Path path(prefix, "_AECData_camId[", camId, "]_ev[", load<std::uint32_t>(evIndex), "].xml");
+  const XmlDocument document = newXmlDocument();
+  if (document == nullptr) {
+    SimulationLog(kError, "create XMLDocument %s failed", path.c_str());
+    return;
+  }
+  if (info->mode == kDump) dump(*document, path.c_str(), aecOutput);
+  if (info->mode == kReadback) readBack(*document, path.c_str(), aecOutput);
+}
