@@ -12,38 +12,30 @@ namespace {
 const char* const kArrays[] = {"RSum",   "BSum",   "GRorGSum",   "GBSum",   "YSum",
                                "RCount", "BCount", "GRorGCount", "GBCount", "YCount"};
 
-/// A region that no other number makes.
+/// A region that no other small number makes.
 BGRegionStats region(std::uint64_t n) {
-  BGRegionStats stats;
-  std::memset(&stats, 0xA5, sizeof stats);
-  stats.RSum = ~0ULL - n;
-  stats.BSum = 2 * n;
-  stats.GRorGSum = 3 * n;
-  stats.GBSum = 4 * n;
-  stats.YSum = n << 40;
-  stats.RCount = static_cast<std::uint16_t>(65535 - n);
-  stats.BCount = static_cast<std::uint16_t>(7 * n);
-  stats.GRorGCount = static_cast<std::uint16_t>(8 * n);
-  stats.GBCount = static_cast<std::uint16_t>(9 * n);
-  stats.YCount = static_cast<std::uint16_t>(10 * n);
-  return stats;
+  const auto count = [&](std::uint64_t factor) { return static_cast<std::uint16_t>(factor * n); };
+  return {~0ULL - n,   2 * n,    3 * n,    4 * n,    n << 40,
+          count(7919), count(7), count(8), count(9), count(10)};
 }
 
 bool same(const BGRegionStats& a, const BGRegionStats& b) { return std::memcmp(&a, &b, 50) == 0; }
 
-/// `flags`, header, then arrays of the texts that `list` gives for each name.
-template <typename List>
-std::string documentOf(const std::string& attributes, List list) {
+/// A document whose arrays hold the ten `lists`, or all the same one.
+std::string documentOf(const std::string& attributes, const std::vector<std::string>& lists) {
   std::string text = "<SimulationData>\n    <AWBBGStats " + attributes + ">\n";
-  for (const std::string name : kArrays) {
-    text += "        <" + name + ">" + list(name) + "</" + name + ">\n";
+  for (std::size_t i = 0; i < std::size(kArrays); ++i) {
+    const std::string name = kArrays[i];
+    text += "        <" + name + ">" + lists[lists.size() == 1 ? 0 : i] + "</" + name + ">\n";
   }
   return text + "    </AWBBGStats>\n</SimulationData>\n";
 }
 
-std::string sameLists(const std::string& attributes, const std::string& text) {
-  return documentOf(attributes, [&](const std::string&) { return text; });
-}
+const std::string kRestOfHeader =
+    " horizontal_num=\"72\" vertical_num=\"54\" BLStretchFactor=\"1.1\" "
+    "channelGainThreshold=\"10 20 30 4294967295 \"";
+
+constexpr std::uint64_t kLive = 0xA5A5A5A5A5A5A5A5U;
 
 struct AwbStats : CameraDataTest {
   AwbStats() { reset(); }
@@ -53,10 +45,6 @@ struct AwbStats : CameraDataTest {
   void setHeader(std::uint32_t flags, std::uint32_t regions) {
     *stats = {flags, regions, 72, 54, {10, 20, 30, 4294967295U}, 1.1F, {}};
     for (std::uint32_t i = 0; i <= BayerGridOutput::kMaxRegions; ++i) stats->regions[i] = region(i);
-  }
-  void setPairs(std::uint32_t count) {
-    setHeader(2, count);
-    for (std::uint32_t i = 0; i < count; ++i) stats->pairs[i] = {region(i), region(i + 7777)};
   }
   void run(std::uint32_t mode) {
     SimulationInfo info = infoFor(mode);
@@ -80,24 +68,20 @@ struct AwbStats : CameraDataTest {
 };
 
 TEST_F(AwbStats, DocumentAsAWhole) {
+  const std::vector<std::string> lists = {"18446744073709551615 18446744073709551614 ",
+                                          "0 2 ",
+                                          "0 3 ",
+                                          "0 4 ",
+                                          "0 1099511627776 ",
+                                          "0 7919 ",
+                                          "0 7 ",
+                                          "0 8 ",
+                                          "0 9 ",
+                                          "0 10 "};
   setHeader(0xFFFFFFFD, 2);
   run(0);
-  const std::string lists[] = {"18446744073709551615 18446744073709551614 ",
-                               "0 2 ",
-                               "0 3 ",
-                               "0 4 ",
-                               "0 1099511627776 ",
-                               "65535 65534 ",
-                               "0 7 ",
-                               "0 8 ",
-                               "0 9 ",
-                               "0 10 "};
-  std::size_t next = 0;
   EXPECT_EQ(readFile(dumped),
-            documentOf("usesY=\"1\" hasSatInfo=\"0\" numROIs=\"2\" horizontal_num=\"72\" "
-                       "vertical_num=\"54\" BLStretchFactor=\"1.1\" "
-                       "channelGainThreshold=\"10 20 30 4294967295 \"",
-                       [&](const std::string&) { return lists[next++]; }));
+            documentOf("usesY=\"1\" hasSatInfo=\"0\" numROIs=\"2\"" + kRestOfHeader, lists));
   EXPECT_EQ(takeLog(), (LogLines{{3, "dump " + dumped + " success"}}));
   const auto answer = askXmllint("string(//AWBBGStats[@numROIs=2]/RSum)", dumped);
   EXPECT_EQ(answer.value_or(lists[0] + "\n"), lists[0] + "\n");
@@ -106,13 +90,11 @@ TEST_F(AwbStats, DocumentAsAWhole) {
 TEST_F(AwbStats, NoRegionsAreBlankTextsThatChangeNothing) {
   setHeader(2, 0);
   run(0);
-  EXPECT_EQ(readFile(dumped),
-            sameLists("usesY=\"0\" hasSatInfo=\"1\" numROIs=\"0\" horizontal_num=\"72\" "
-                      "vertical_num=\"54\" BLStretchFactor=\"1.1\" "
-                      "channelGainThreshold=\"10 20 30 4294967295 \"",
-                      " "));
+  const std::string document =
+      documentOf("usesY=\"0\" hasSatInfo=\"1\" numROIs=\"0\"" + kRestOfHeader, {" "});
+  EXPECT_EQ(readFile(dumped), document);
   takeLog();
-  readBack(readFile(dumped));
+  readBack(document);
   expectUntouched();
   EXPECT_EQ(takeLog(), LogLines{success});
 }
@@ -122,12 +104,13 @@ TEST_F(AwbStats, FullFrameThereAndBack) {
   run(0);
   readBack(readFile(dumped));
   for (std::uint32_t i = 0; i < 3888; ++i) ASSERT_TRUE(same(stats->regions[i], region(i))) << i;
-  EXPECT_EQ(stats->regions[3888].RSum, 0xA5A5A5A5A5A5A5A5U);
+  EXPECT_EQ(stats->regions[3888].RSum, kLive);
   EXPECT_EQ(stats->numROIs, 0xA5A5A5A5U);
 }
 
 TEST_F(AwbStats, FullFrameOfPairsComesBackWithTheNextRegionInTheSecondBlock) {
-  setPairs(3888);
+  setHeader(2, 3888);
+  for (std::uint32_t i = 0; i < 3888; ++i) stats->pairs[i] = {region(i), region(i + 7777)};
   run(0);
   readBack(readFile(dumped));
   for (std::uint32_t i = 0; i < 3888; ++i) {
@@ -146,16 +129,15 @@ TEST_F(AwbStats, MoreRegionsThanFit) {
   }
   std::string many;
   for (int i = 0; i < 4000; ++i) many += "7 ";
-  readBack(sameLists("numROIs='4294967295'", many));
+  readBack(documentOf("numROIs='4294967295'", {many}));
   EXPECT_EQ(stats->regions[3887].YCount, 7);
-  EXPECT_EQ(stats->regions[3888].RSum, 0xA5A5A5A5A5A5A5A5U);
-  readBack(sameLists("numROIs='3889' hasSatInfo='1'", many));
+  EXPECT_EQ(stats->regions[3888].RSum, kLive);
+  readBack(documentOf("numROIs='3889' hasSatInfo='1'", {many}));
   EXPECT_EQ(stats->pairs[3887].first.RSum, 7U);
   EXPECT_EQ(stats->pairs[3887].second.RSum, 0U);
 }
 
 TEST_F(AwbStats, ListsEndAtTheFirstBadValueAndGoOnAsZeros) {
-  constexpr std::uint64_t kLive = 0xA5A5A5A5A5A5A5A5U;
   const struct {
     std::string attributes, list;
     std::uint64_t sums[4], counts[3];
@@ -171,7 +153,7 @@ TEST_F(AwbStats, ListsEndAtTheFirstBadValueAndGoOnAsZeros) {
       {"numROIs='1' hasSatInfo='no'", "5 6", {5, kLive, kLive, kLive}, {5, 0xA5A5, 0xA5A5}},
   };
   for (const auto& row : cases) {
-    readBack(sameLists(row.attributes, row.list));
+    readBack(documentOf(row.attributes, {row.list}));
     for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(stats->regions[i].GBSum, row.sums[i]) << row.list;
     for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(stats->regions[i].RCount, row.counts[i]) << i;
     EXPECT_EQ(takeLog(), LogLines{success});
@@ -179,7 +161,7 @@ TEST_F(AwbStats, ListsEndAtTheFirstBadValueAndGoOnAsZeros) {
 }
 
 TEST_F(AwbStats, DamagedDocumentsChangeNothing) {
-  const std::string whole = sameLists("numROIs='1'", "5 ");
+  const std::string whole = documentOf("numROIs='1'", {"5 "});
   const LogLine noStats = {6, "read AWBBGStats element failed"};
   run(1);
   readBack(whole + "<damaged");
@@ -205,7 +187,7 @@ TEST_F(AwbStats, NothingToWriteOrToWorkWith) {
   for (const auto service : {NoMemory::kObjects, NoMemory::kBlocks}) {
     const NoMemory noMemory(service);
     simulation.dumpAWBStatsForSimulation(stats.get(), path.data());
-    writeFile(file, sameLists("numROIs='1'", "5 "));
+    writeFile(file, documentOf("numROIs='1'", {"5 "}));
     run(1);
   }
   run(2);
@@ -264,26 +246,29 @@ TEST_F(OfflineStats, FirstDumpOfEachFileWins) {
 
 TEST_F(OfflineStats, ReadbackOfOneFileDoesNotNeedTheOther) {
   const std::string live = config;
-  const std::string missing = " failed No such file or directory";
-  const std::string size = ") is not equal to we need(144) or pData is NULL";
-  const LogLine noStats = {6, "load " + kCamera + statsName + " failed"};
-  runOffline(1, nullptr, config.data());
-  EXPECT_EQ(takeLog(), (LogLines{noStats, {6, "open file:" + kCamera + configName + missing}}));
   const std::string saved = pattern(144, 3);
   const std::string read = "read fileName:" + kCamera + configName + " size(";
+  const std::string size = ") is not equal to we need(144) or pData is NULL";
+  const LogLine noStats = {6, "load " + kCamera + statsName + " failed"};
   writeFile(kCamera + configName, saved.substr(0, 143));
   runOffline(1, nullptr, config.data());
-  EXPECT_EQ(takeLog(), (LogLines{noStats, {6, read + "143" + size}}));
   EXPECT_EQ(config, live);
   writeFile(kCamera + configName, saved);
   runOffline(1, nullptr, nullptr);
-  EXPECT_EQ(takeLog(), (LogLines{noStats, {6, read + "144" + size}}));
-  writeFile(kCamera + statsName, sameLists("numROIs='1'", "5 "));
+  EXPECT_EQ(takeLog(),
+            (LogLines{noStats, {6, read + "143" + size}, noStats, {6, read + "144" + size}}));
   runOffline(1, nullptr, config.data());
   EXPECT_EQ(config, saved);
+  ASSERT_EQ(unlink((kCamera + configName).c_str()), 0);
+  writeFile(kCamera + statsName, documentOf("numROIs='1'", {"5 "}));
+  runOffline(1, nullptr, config.data());
   EXPECT_EQ(stats->regions[0].RSum, 5U);
   runOffline(2, nullptr, nullptr);
-  EXPECT_EQ(takeLog(), (LogLines{{6, "readback " + kCamera + statsName + " success"}}));
+  EXPECT_EQ(
+      takeLog(),
+      (LogLines{noStats,
+                {6, "readback " + kCamera + statsName + " success"},
+                {6, "open file:" + kCamera + configName + " failed No such file or directory"}}));
 }
 
 TEST_F(OfflineStats, OnlyTheLastFolderOfTheNameIsMade) {

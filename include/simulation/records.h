@@ -32,7 +32,7 @@ static_assert(AECOutputLayout::end == AECOutputLayout::exposures + 3 * sizeof(AE
 /// What white balance gets to know of the exposure.
 struct AWBExposureInfo {
   float luxIndex;
-  std::uint32_t AECSettled;     ///< 0 or 1; dumped as signed, replayed as its first byte only
+  std::int32_t AECSettled;      ///< 0 or 1; dumped as signed, replayed as its first byte only
   std::uint64_t frameDuration;  ///< in the pipeline's unit of time
   float BETemplateMatrix[4];
 };

@@ -1,0 +1,11 @@
+// A process whose language writes 1.234,5: while it lives, the C library and new
+// streams do so.
+#pragma once
+
+class CommaLocale {
+ public:
+  CommaLocale();
+  ~CommaLocale();
+
+  bool inC = false;  ///< otherwise the system can't make such a locale for the C library
+};
