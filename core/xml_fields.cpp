@@ -1,27 +1,84 @@
 #include "core/xml_fields.h"
 
+#include <cstdint>
+
 #include "core/bytes.h"
+#include "core/fatal.h"
 #include "core/number_text.h"
 #include "core/xml_document.h"
 
 namespace simulation {
 namespace {
 
-/// A float member as a NUL-terminated text.
-struct FloatText {
-  explicit FloatText(const void* member) { *writeXmlFloat(text, load<float>(member)) = '\0'; }
-  char text[kXmlFloatRoom + 1];
+/// A number as a NUL-terminated text.
+struct NumberText {
+  template <typename Write, typename Value>
+  NumberText(Write write, Value value) {
+    *write(text, value) = '\0';
+  }
+  char text[kUnsignedRoom + 1];
 };
+static_assert(kUnsignedRoom >= kSignedRoom && kUnsignedRoom >= kXmlFloatRoom);
+
+template <typename Value>
+void storeMember(void* member, Value value) {
+  if (member == nullptr) fatal();
+  store(member, 0, value);
+}
 
 void storeFloat(const char* text, void* member) {
   float value;
-  if (text != nullptr && scanFloat(text, value)) store(member, 0, value);
+  if (text != nullptr && scanFloat(text, value)) storeMember(member, value);
 }
 
 }  // namespace
 
+void appendFields(tinyxml2::XMLElement& parent, const void* record, XmlFields fields) {
+  for (const XmlField& field : fields) {
+    if (field.write == nullptr) continue;
+    field.write(appendElement(parent, field.name), static_cast<const char*>(record) + field.offset);
+  }
+}
+
+void applyFields(const tinyxml2::XMLNode& parent, void* record, XmlFields fields) {
+  for (const XmlField& field : fields) {
+    const tinyxml2::XMLElement* element = parent.FirstChildElement(field.name);
+    if (element == nullptr) continue;
+    field.read(*element, record != nullptr ? static_cast<char*>(record) + field.offset : nullptr);
+  }
+}
+
+void appendArray(tinyxml2::XMLElement& parent, const void* items, const XmlArray& array) {
+  for (std::size_t i = 0; i < array.count; ++i) {
+    appendFields(appendElement(parent, array.name),
+                 static_cast<const char*>(items) + i * array.stride, array.item);
+  }
+}
+
+void applyArray(const tinyxml2::XMLNode& parent, void* items, const XmlArray& array) {
+  std::size_t i = 0;
+  for (auto* child = parent.FirstChildElement(); child != nullptr;
+       child = child->NextSiblingElement(), ++i) {
+    const bool inside = items != nullptr && i < array.count;
+    applyFields(*child, inside ? static_cast<char*>(items) + i * array.stride : nullptr,
+                array.item);
+  }
+}
+
+void writeInt(tinyxml2::XMLElement& element, const void* member) {
+  element.SetText(NumberText(writeSigned, load<std::int32_t>(member)).text);
+}
+
+void readInt(const tinyxml2::XMLElement& element, void* member) {
+  storeMember(member, toInt(textOf(element)));
+}
+
 void writeFloat(tinyxml2::XMLElement& element, const void* member) {
-  element.SetText(FloatText(member).text);
+  element.SetText(NumberText(writeXmlFloat, load<float>(member)).text);
+}
+
+void readFloat(const tinyxml2::XMLElement& element, void* member) {
+  storeMember(member, toFloat(textOf(element)));
 }
 
 void queryFloat(const tinyxml2::XMLElement& element, void* member) {
@@ -29,8 +86,25 @@ void queryFloat(const tinyxml2::XMLElement& element, void* member) {
   if (first != nullptr && first->ToText() != nullptr) storeFloat(first->Value(), member);
 }
 
+template <typename Word>
+void writeWord(tinyxml2::XMLElement& element, const void* member) {
+  element.SetText(NumberText(writeUnsigned, load<Word>(member)).text);
+}
+
+template <typename Word>
+void readLowBits(const tinyxml2::XMLElement& element, void* member) {
+  storeMember(member, static_cast<Word>(toLongLong(textOf(element))));
+}
+
+template void writeWord<std::uint16_t>(tinyxml2::XMLElement&, const void*);
+template void writeWord<std::uint32_t>(tinyxml2::XMLElement&, const void*);
+template void writeWord<std::uint64_t>(tinyxml2::XMLElement&, const void*);
+template void readLowBits<std::uint16_t>(const tinyxml2::XMLElement&, void*);
+template void readLowBits<std::uint32_t>(const tinyxml2::XMLElement&, void*);
+template void readLowBits<std::uint64_t>(const tinyxml2::XMLElement&, void*);
+
 void writeFloatAttribute(tinyxml2::XMLElement& element, const char* name, const void* member) {
-  element.SetAttribute(name, FloatText(member).text);
+  element.SetAttribute(name, NumberText(writeXmlFloat, load<float>(member)).text);
 }
 
 void queryFloatAttribute(const tinyxml2::XMLElement& element, const char* name, void* member) {
@@ -48,13 +122,9 @@ void queryUnsigned64Attribute(const tinyxml2::XMLElement& element, const char* n
   }
 }
 
-void appendField(tinyxml2::XMLElement& parent, const void* record, const XmlField& field) {
-  field.write(appendElement(parent, field.name), static_cast<const char*>(record) + field.offset);
-}
-
-void applyField(const tinyxml2::XMLElement& parent, void* record, const XmlField& field) {
-  const tinyxml2::XMLElement* element = parent.FirstChildElement(field.name);
-  if (element != nullptr) field.read(*element, static_cast<char*>(record) + field.offset);
+std::string_view textOf(const tinyxml2::XMLElement& element) {
+  const char* text = element.GetText();
+  return text != nullptr ? text : "";
 }
 
 }  // namespace simulation

@@ -5,52 +5,88 @@
 #include <tinyxml2.h>
 
 #include <cstddef>
+#include <string_view>
 
 namespace simulation {
 
-/// One member of a record and the element that carries it as its text.
+/// One member of a record and the element that carries it.
 struct XmlField {
   const char* name;
   std::size_t offset;  ///< of the member in the record
+  /// Fills the element; null where a dump leaves the member out.
   void (*write)(tinyxml2::XMLElement& element, const void* member);
+  /// Stores what the element holds. A null member stands for one past its table:
+  /// storing into it aborts.
   void (*read)(const tinyxml2::XMLElement& element, void* member);
 };
+
+/// The rows of a table, in the order of the document.
+class XmlFields {
+ public:
+  template <std::size_t Count>
+  constexpr XmlFields(const XmlField (&rows)[Count]) : begin_(rows), end_(rows + Count) {}
+
+  const XmlField* begin() const { return begin_; }
+  const XmlField* end() const { return end_; }
+
+ private:
+  const XmlField* begin_;
+  const XmlField* end_;
+};
+
+/// Appends one element to `parent` for each row, in order.
+void appendFields(tinyxml2::XMLElement& parent, const void* record, XmlFields fields);
+
+/// Reads the first child element of each row's name, in order; a missing one
+/// leaves its member.
+void applyFields(const tinyxml2::XMLNode& parent, void* record, XmlFields fields);
+
+/// A fixed number of like items, each an element of its own.
+struct XmlArray {
+  const char* name;
+  std::size_t count;
+  std::size_t stride;  ///< from item to item in the record
+  XmlFields item;
+};
+
+void appendArray(tinyxml2::XMLElement& parent, const void* items, const XmlArray& array);
+
+/// Reads the child elements of `parent` into the items in document order,
+/// whatever their names. A child past the last item that would store something
+/// aborts.
+void applyArray(const tinyxml2::XMLNode& parent, void* items, const XmlArray& array);
+
+/// @name Kinds of members, for the rows of a table
+/// The readers named after a standard conversion throw what it throws, for an
+/// element without text too.
+/// @{
+void writeInt(tinyxml2::XMLElement& element, const void* member);
+void readInt(const tinyxml2::XMLElement& element, void* member);  ///< std::stoi
 
 /// A float in tinyxml2's text form (up to eight significant digits), with a
 /// point whatever the process's locale.
 void writeFloat(tinyxml2::XMLElement& element, const void* member);
-
-/// The same back; a text that is no number leaves the member.
+void readFloat(const tinyxml2::XMLElement& element, void* member);  ///< std::stof
+/// A text that is no number leaves the member.
 void queryFloat(const tinyxml2::XMLElement& element, void* member);
 
-/// The same two for an attribute; a missing one leaves the member, too.
+template <typename Word>
+void writeWord(tinyxml2::XMLElement& element, const void* member);
+/// The low bits of std::stoll's result.
+template <typename Word>
+void readLowBits(const tinyxml2::XMLElement& element, void* member);
+/// @}
+
+/// @name Members that are an attribute
+/// An attribute that is missing or no number leaves the member.
+/// @{
 void writeFloatAttribute(tinyxml2::XMLElement& element, const char* name, const void* member);
 void queryFloatAttribute(const tinyxml2::XMLElement& element, const char* name, void* member);
-
-/// An attribute that is a 64-bit unsigned number, and back.
 void writeUnsigned64Attribute(tinyxml2::XMLElement& element, const char* name, const void* member);
 void queryUnsigned64Attribute(const tinyxml2::XMLElement& element, const char* name, void* member);
+/// @}
 
-/// Appends one element to `parent` for each row, in order.
-template <typename Fields>
-void appendFields(tinyxml2::XMLElement& parent, const void* record, const Fields& fields);
-
-/// Reads the first child element of each row's name, in order; a missing one
-/// leaves its member.
-template <typename Fields>
-void applyFields(const tinyxml2::XMLElement& parent, void* record, const Fields& fields);
-
-void appendField(tinyxml2::XMLElement& parent, const void* record, const XmlField& field);
-void applyField(const tinyxml2::XMLElement& parent, void* record, const XmlField& field);
-
-template <typename Fields>
-void appendFields(tinyxml2::XMLElement& parent, const void* record, const Fields& fields) {
-  for (const XmlField& field : fields) appendField(parent, record, field);
-}
-
-template <typename Fields>
-void applyFields(const tinyxml2::XMLElement& parent, void* record, const Fields& fields) {
-  for (const XmlField& field : fields) applyField(parent, record, field);
-}
+/// The element's text; empty where it has none.
+std::string_view textOf(const tinyxml2::XMLElement& element);
 
 }  // namespace simulation

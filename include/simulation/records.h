@@ -96,3 +96,105 @@ static_assert(offsetof(BayerGridOutput, channelGainThreshold) == 16);
 static_assert(offsetof(BayerGridOutput, BLStretchFactor) == 32);
 static_assert(offsetof(BayerGridOutput, regions) == 40);
 static_assert(sizeof(BayerGridOutput) == 40 + 3888 * 112);
+
+/// In pixels of the segmented image.
+struct QSegRect {
+  std::uint32_t left, top, width, height;
+};
+static_assert(sizeof(QSegRect) == 16);
+
+/// One segmented instance.
+struct QSegInstInfo {
+  std::uint64_t requestId;
+  std::int32_t ID;
+  QSegRect roi;
+  std::uint32_t nConf;
+  std::uint16_t nSegIdx;
+  std::uint16_t eTrackStatus;
+  QSegRect partROIs[3];
+  std::uint16_t eObjectType;
+};
+static_assert(sizeof(QSegInstInfo) == 88);
+static_assert(offsetof(QSegInstInfo, roi) == 12 && offsetof(QSegInstInfo, nConf) == 28);
+static_assert(offsetof(QSegInstInfo, partROIs) == 36 && offsetof(QSegInstInfo, eObjectType) == 84);
+
+/// The scene-segmentation result of one request.
+struct QSegImageInfo {
+  static constexpr std::size_t kStatsSize = 307200;
+  static constexpr std::size_t kInstances = 10;
+
+  std::uint64_t requestId;
+  std::uint32_t notRecorded;
+  std::int32_t isQSegInfoValid;
+  std::uint32_t horizontalRegionCount;
+  std::uint32_t verticalRegionCount;
+  std::uint8_t qsegStatsInfo[kStatsSize];  ///< a label per region; always recorded whole
+  QSegInstInfo qsegInstInfos[kInstances];  ///< always recorded whole
+  std::uint16_t qsegInstCount;
+  std::uint16_t qsegSceneClass;
+  float qsegSceneClassConf;
+  QSegRect qsegCroppedWindowInfo;
+};
+static_assert(offsetof(QSegImageInfo, qsegStatsInfo) == 24);
+static_assert(offsetof(QSegImageInfo, qsegInstInfos) == 307224);
+static_assert(offsetof(QSegImageInfo, qsegInstCount) == 308104);
+static_assert(sizeof(QSegImageInfo) == 308128);
+
+struct ZOAWBWideAlwaysOnStatus {
+  std::int32_t status;
+};
+static_assert(sizeof(ZOAWBWideAlwaysOnStatus) == 4);
+
+struct ZOAWBSyncInfo {
+  std::int32_t syncinfo;
+};
+static_assert(sizeof(ZOAWBSyncInfo) == 4);
+
+struct ZOAWBPureColorRes {
+  std::int32_t enabled;
+  float singlePureColorConfid;
+  float pureColorBackgrdFaceConfid;
+};
+static_assert(sizeof(ZOAWBPureColorRes) == 12);
+
+struct ZOAWBLightSrcClassify {
+  std::int32_t enabled;
+  float firstCTConfid, secondCTConfid;
+  float firstCTValue, secondCTValue;
+  float lightClassConfid;
+  std::int32_t lightClass;
+};
+static_assert(sizeof(ZOAWBLightSrcClassify) == 28);
+
+/// One white-balance calibration entry of the sensor's OTP memory.
+struct WBOTPCalibrationEntry {
+  std::uint32_t notRecorded[2];
+  float rOverG;  ///< red over green gain
+  float bOverG;  ///< blue over green gain
+};
+/// The head of the calibration table; `entries` of them follow it.
+struct WBOTPCalibrationHead {
+  std::uint32_t entries;
+};
+static_assert(sizeof(WBOTPCalibrationEntry) == 16 && sizeof(WBOTPCalibrationHead) == 4);
+
+/// One reading of the spectral (ambient light) sensor.
+struct SpectralSensorInfo {
+  static constexpr std::size_t kChannels = 20;
+
+  std::int32_t enabled;
+  float cct;  ///< correlated colour temperature
+  float lux;
+  float irRatio1, irRatio2, irRatio3;
+  float channelDatas[kChannels];
+  std::uint32_t channelNum;  ///< never dumped; a readback takes it from an edited file
+  float x, y;                ///< chromaticity
+  std::uint32_t als_gain;
+  float flickerFrequency;  ///< read back as a whole number
+  std::int32_t atime;
+  std::int32_t again_idx;
+  std::int32_t sensorType;
+};
+static_assert(offsetof(SpectralSensorInfo, channelDatas) == 24);
+static_assert(offsetof(SpectralSensorInfo, channelNum) == 104);
+static_assert(sizeof(SpectralSensorInfo) == 136);

@@ -186,6 +186,58 @@ class SIMULATION_API Simulation {
   /// its file isn't there yet. The two don't depend on each other's success.
   void SimulationForOfflineAWBBGStats(SimulationInfo* info, void* stats, void* config,
                                       unsigned int requestId, unsigned int camId);
+
+  /// @name Scene segmentation and extended white balance
+  /// The XML records among them (QSeg, the four with a few numbers, spectral) are
+  /// applied value by value: a missing element leaves its member. An element
+  /// without text or with a text that is no number, or out of range, throws what
+  /// std::stoi, std::stoll or std::stof throws (std::invalid_argument,
+  /// std::out_of_range); what was applied before stays.
+  /// @{
+
+  /// A QSegImageInfo (simulation_AWB_QsegImageData_*.xml). A file with more
+  /// labels than the map holds, an eleventh instance or a fourth part aborts.
+  void SimulationForQsegImageData(SimulationInfo* info, void* pQSegImageInfo,
+                                  unsigned int requestId, unsigned int camId);
+  void dumpQsegImageData(void* pQSegImageInfo, char* fileName);
+  void readQsegImageData(void* pQSegImageInfo, char* fileName);
+
+  /// 964 bytes (simulation_ZOAWB_FaceDectionInfo_*.bin), whole or not at all.
+  void SimulationForZOAWBFaceDectionInfo(SimulationInfo* info, void* data, unsigned int requestId,
+                                         unsigned int camId);
+
+  /// 204 bytes (simulation_ZOAWB_FaceColorDectionInfo_*.bin), whole or not at all.
+  void SimulationForZOAWBFaceColorDectionInfo(SimulationInfo* info, void* data,
+                                              unsigned int requestId, unsigned int camId);
+
+  /// A ZOAWBWideAlwaysOnStatus.
+  void SimulationForZOAWBWideAlwaysOnStatus(SimulationInfo* info, void* data,
+                                            unsigned int requestId, unsigned int camId);
+
+  /// A ZOAWBSyncInfo.
+  void SimulationForZOAWBSyncInfo(SimulationInfo* info, void* data, unsigned int requestId,
+                                  unsigned int camId);
+
+  /// A ZOAWBPureColorRes.
+  void SimulationForZOAWBPureColorRes(SimulationInfo* info, void* data, unsigned int requestId,
+                                      unsigned int camId);
+
+  /// A ZOAWBLightSrcClassify.
+  void SimulationForZOAWBLightSrcClassify(SimulationInfo* info, void* data, unsigned int requestId,
+                                          unsigned int camId);
+
+  /// A WBOTPCalibrationHead and its entries (simulation_AWB_OTPData_*.xml): the
+  /// first entry's pair is dumped and replayed into every entry. A value that is
+  /// no number stays live. The table must hold at most 255 entries: a readback
+  /// into more never ends.
+  void SimulationForOTPCalibrationFactor(SimulationInfo* info, void* data, unsigned int requestId,
+                                         unsigned int camId);
+
+  /// A SpectralSensorInfo (simulation_ZOAWB_SpectralSensorInfo.xml, the same file
+  /// for every camera). More than 20 channel values abort.
+  void SimulationForZoAWBSpectralSensorInfo(SimulationInfo* info, void* data,
+                                            unsigned int requestId, unsigned int camId);
+  /// @}
 };
 
 /// Owner of the one Simulation object of the process.

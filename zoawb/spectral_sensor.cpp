@@ -1,0 +1,102 @@
+// The reading of the spectral (ambient light) sensor. All cameras share one
+// readback file: its name carries no camera.
+#include <simulation/records.h>
+#include <simulation/simulation.h>
+
+#include <cstddef>
+#include <cstdint>
+
+#include "core/bytes.h"
+#include "core/data_paths.h"
+#include "core/fatal.h"
+#include "core/log.h"
+#include "core/number_text.h"
+#include "core/xml_document.h"
+#include "core/xml_fields.h"
+
+namespace simulation {
+namespace {
+
+using Record = SpectralSensorInfo;
+constexpr std::size_t kChannels = Record::kChannels;
+
+void writeChannels(tinyxml2::XMLElement& element, const void* member) {
+  TextBuilder text(kChannels * (kStreamFloatRoom + 1));
+  for (std::size_t i = 0; i < kChannels; ++i) {
+    text.append(writeStreamFloat, load<float>(member, i * sizeof(float)));
+    text.append(' ');
+  }
+  element.SetText(text.c_str());
+}
+
+/// Values are stored one by one until a text is no number. One more than there
+/// are channels aborts.
+void readChannels(const tinyxml2::XMLElement& element, void* member) {
+  const std::string_view text = textOf(element);
+  const char* cursor = text.data();
+  float value = 0;
+  for (std::size_t i = 0; extract(cursor, text.data() + text.size(), value); ++i) {
+    requireBelow(i, kChannels);
+    store(member, i * sizeof(float), value);
+  }
+}
+
+/// Written as a float, but read as an integer: the fraction is lost, and a
+/// negative text becomes a large value.
+void readFlicker(const tinyxml2::XMLElement& element, void* member) {
+  const auto whole = static_cast<std::uint32_t>(toLongLong(textOf(element)));
+  store(member, 0, static_cast<float>(whole));
+}
+
+constexpr XmlField kFields[] = {
+    {"enabled", offsetof(Record, enabled), writeInt, readInt},
+    {"cct", offsetof(Record, cct), writeFloat, readFloat},
+    {"lux", offsetof(Record, lux), writeFloat, readFloat},
+    {"irRatio1", offsetof(Record, irRatio1), writeFloat, readFloat},
+    {"irRatio2", offsetof(Record, irRatio2), writeFloat, readFloat},
+    {"irRatio3", offsetof(Record, irRatio3), writeFloat, readFloat},
+    {"channelDatas", offsetof(Record, channelDatas), writeChannels, readChannels},
+    {"channelNum", offsetof(Record, channelNum), nullptr, readLowBits<std::uint32_t>},
+    {"x", offsetof(Record, x), writeFloat, readFloat},
+    {"y", offsetof(Record, y), writeFloat, readFloat},
+    {"als_gain", offsetof(Record, als_gain), writeWord<std::uint32_t>, readLowBits<std::uint32_t>},
+    {"flickerFrequency", offsetof(Record, flickerFrequency), writeFloat, readFlicker},
+    {"atime", offsetof(Record, atime), writeInt, readLowBits<std::uint32_t>},
+    {"again_idx", offsetof(Record, again_idx), writeInt, readLowBits<std::uint32_t>},
+    {"sensorType", offsetof(Record, sensorType), writeInt, readInt},
+};
+
+void dump(const char* path, const void* data) {
+  const XmlDocument document = newXmlDocument();
+  if (document == nullptr) return;
+  appendFields(appendElement(*document, "SpectralSensorInfo"), data, kFields);
+  if (saveXml(*document, path) == tinyxml2::XML_SUCCESS) {
+    SimulationLog(kVerbose, "dump %s success", path);
+  } else {
+    SimulationLog(kError, "dump %s failed", path);
+  }
+}
+
+void readBack(const char* path, void* data) {
+  const XmlDocument document = newXmlDocument();
+  if (document == nullptr) return;
+  if (document->LoadFile(path) != tinyxml2::XML_SUCCESS) {
+    SimulationLog(kError, "read %s fail ", path);
+    return;
+  }
+  const tinyxml2::XMLElement* root = document->FirstChildElement();
+  if (root != nullptr) applyFields(*root, data, kFields);
+}
+
+}  // namespace
+}  // namespace simulation
+
+using namespace simulation;
+
+void Simulation::SimulationForZoAWBSpectralSensorInfo(SimulationInfo* info, void* data,
+                                                      unsigned int requestId, unsigned int camId) {
+  const Path prefix = recordPrefix(static_cast<int>(info->mode), FileType::ZOAWB, requestId, camId);
+  const Path path(prefix, "_SpectralSensorInfo.xml");
+  if (info->mode == kDump) dump(path.c_str(), data);
+  if (info->mode == kReadback) readBack(path.c_str(), data);
+}
