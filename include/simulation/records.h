@@ -198,3 +198,37 @@ struct SpectralSensorInfo {
 static_assert(offsetof(SpectralSensorInfo, channelDatas) == 24);
 static_assert(offsetof(SpectralSensorInfo, channelNum) == 104);
 static_assert(sizeof(SpectralSensorInfo) == 136);
+
+/// Bytes of the face region-of-interest record of SimulationForFDROIData.
+inline constexpr std::size_t kFdRoiSize = 1784;
+inline constexpr std::size_t kLscRows = 13;
+inline constexpr std::size_t kLscColumns = 17;
+inline constexpr std::size_t kLscChannels = 4;  ///< R, Gr, Gb, B
+
+/// The gain table of one frame: row after row, the four channels of a cell
+/// side by side.
+using LscTable = float[kLscRows][kLscColumns][kLscChannels];
+static_assert(sizeof(LscTable) == 3536, "fixed by the pipeline");
+/// One plane of an ACB image; the bytes belong to the caller.
+struct AcbPlane {
+  void* data;
+  std::uint64_t unread[2];
+  std::uint32_t size;  ///< bytes at `data`
+};
+
+/// The image record of SimulationForACB.
+struct AcbImage {
+  std::uint64_t unread[2];
+  AcbPlane y;
+  AcbPlane c;
+};
+static_assert(offsetof(AcbPlane, size) == 24, "fixed by the pipeline");
+static_assert(offsetof(AcbImage, y) == 16, "fixed by the pipeline");
+static_assert(offsetof(AcbImage, c) == 48, "fixed by the pipeline");
+
+/// The record of SimulationForACBdeviceOri.
+struct AcbDeviceOrientation {
+  std::uint32_t unread;
+  std::int32_t orientation;  ///< degrees
+};
+static_assert(offsetof(AcbDeviceOrientation, orientation) == 4, "fixed by the pipeline");

@@ -22,6 +22,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
+#include <mutex>
+#include <string>
 
 #if !defined(SIMULATION_API)
 #define SIMULATION_API __attribute__((visibility("default")))
@@ -237,6 +240,74 @@ class SIMULATION_API Simulation {
   /// for every camera). More than 20 channel values abort.
   void SimulationForZoAWBSpectralSensorInfo(SimulationInfo* info, void* data,
                                             unsigned int requestId, unsigned int camId);
+  /// @}
+
+  /// @name Face detection, byte for byte (simulation_FACE_*.bin)
+  /// The first dump of a request stays: a file that exists is not written again.
+  /// @{
+
+  /// Six blocks, one after another in one file that holds no sizes: read it back
+  /// with the sizes it was dumped with. A block that is missing or cut short in
+  /// the file keeps its live data from there on, the others are read all the
+  /// same. Aborts when the sizes before a block to be read exceed a size_t;
+  /// blocks that begin beyond 2 GiB are not read right.
+  void SimulationForFDResult(SimulationInfo* info, void* block1, unsigned long size1, void* block2,
+                             unsigned long size2, void* block3, unsigned long size3, void* block4,
+                             unsigned long size4, void* block5, unsigned long size5, void* block6,
+                             unsigned long size6, unsigned int requestId, unsigned int camId);
+
+  /// The face regions of interest, kFdRoiSize bytes. The first eight are never
+  /// taken from the file; a file that is missing or too short leaves the record.
+  void SimulationForFDROIData(SimulationInfo* info, void* roiData, unsigned int requestId,
+                              unsigned int camId);
+  /// @}
+
+  /// @name Lens shading (simulation_LSC[...]_index[...]_ev[...].xml)
+  /// @{
+
+  /// Dumps the LscTable at `lscTable` into the folder that
+  /// SimulationInfo::folderName names, or writes the gains of a file straight
+  /// under /data/vendor/camera into `outTable` (kLscRows x kLscColumns x
+  /// kLscChannels floats). The index in the file name counts the calls of
+  /// either mode with the same folder name, `name` and `ev`, from 0. The fourth
+  /// argument is not used.
+  ///
+  /// False when `lscTable` is null (in either mode; such a call is not counted),
+  /// the mode is neither, or the file can't be loaded or holds no table; true
+  /// otherwise, also after a dump that failed. A file is trusted: more values
+  /// than the table has are written past its end, and a text that is no number
+  /// leaves as the exception of std::stof, with the channels before it replaced.
+  bool simulationForLscMeta(SimulationInfo* info, const void* lscTable, float* outTable,
+                            int reserved, const char* name, int ev);
+
+  /// The last index of each folder name, `name` and `ev`, joined; guarded by
+  /// m_Mutex, as nothing else is.
+  static std::map<std::string, unsigned short> m_LscIndex;
+  static std::mutex m_Mutex;
+  /// @}
+
+  /// @name ACB (simulation_ACB_*)
+  /// Dumps go to the folder that SimulationInfo::folderName names and rewrite the
+  /// file that is there.
+  /// @{
+
+  /// Writes the path prefix of the records of `type` into `outPath` (at least 128
+  /// bytes; cut at 127 characters). Mode 0 also creates /data/vendor/camera/tmp
+  /// and the folder `folderName`; any other mode gives the readback prefix and
+  /// creates nothing. The ids are not used.
+  void getACBAWBFilesPath(int mode, FileType type, char* outPath, unsigned int requestId,
+                          unsigned int camId, char* folderName);
+
+  /// Both planes of an AcbImage in one file, Y before C. A file that is too short
+  /// leaves what it lacks live and is no error. A record or plane that is null is
+  /// neither dumped nor replayed.
+  void SimulationForACB(SimulationInfo* info, void* imageRecord, unsigned int requestId,
+                        unsigned int camId);
+
+  /// The orientation in an AcbDeviceOrientation, as XML. A value that is missing
+  /// or no integer stays live.
+  void SimulationForACBdeviceOri(SimulationInfo* info, void* orientationRecord,
+                                 unsigned int requestId, unsigned int camId);
   /// @}
 };
 

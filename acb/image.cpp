@@ -1,0 +1,91 @@
+// The image that ACB sees: its Y plane and, right behind it, its C plane in one
+// file, rewritten by every dump.
+#include <simulation/records.h>
+#include <simulation/simulation.h>
+
+#include <cstring>
+
+#include "core/bytes.h"
+#include "core/data_paths.h"
+#include "core/log.h"
+#include "core/raw_file.h"
+
+namespace simulation {
+namespace {
+
+struct Plane {
+  char* data;
+  std::size_t size;
+};
+
+Plane planeAt(const void* image, std::size_t offset) {
+  return {load<char*>(image, offset + offsetof(AcbPlane, data)),
+          load<std::uint32_t>(image, offset + offsetof(AcbPlane, size))};
+}
+
+/// Unbuffered, so that a plane that did not reach the file is known at once.
+bool writePlane(const FileDescriptor& file, const Plane& plane) {
+  std::size_t total = 0;
+  while (total < plane.size) {
+    const ssize_t count = write(file.get(), plane.data + total, plane.size - total);
+    if (count <= 0) return false;
+    total += static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+/// The end of the file is no failure: the rest of the plane stays live.
+bool readPlane(const FileDescriptor& file, const Plane& plane) {
+  std::size_t total = 0;
+  while (total < plane.size) {
+    const ssize_t count = read(file.get(), plane.data + total, plane.size - total);
+    if (count <= 0) return count == 0;
+    total += static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+void dump(const Plane& y, const Plane& c, const char* path) {
+  const FileDescriptor file(open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666));
+  if (!file.valid()) {
+    SimulationLog(kError, "Failed to open file %s for writing", path);
+  } else if (!writePlane(file, y)) {
+    SimulationLog(kError, "Failed to write Y plane data to file %s", path);
+  } else if (!writePlane(file, c)) {
+    SimulationLog(kError, "Failed to write C plane data to file %s", path);
+  }
+}
+
+void readBack(const Plane& y, const Plane& c, const char* path) {
+  const FileDescriptor file(open(path, O_RDONLY));
+  if (!file.valid()) {
+    SimulationLog(kError, "Failed to open file %s for reading", path);
+  } else if (!readPlane(file, y)) {
+    SimulationLog(kError, "Failed to read Y plane data from file %s", path);
+  } else if (!readPlane(file, c)) {
+    SimulationLog(kError, "Failed to read C plane data from file %s", path);
+  }
+}
+
+}  // namespace
+}  // namespace simulation
+
+using namespace simulation;
+
+void Simulation::getACBAWBFilesPath(int mode, FileType type, char* outPath, unsigned int,
+                                    unsigned int, char* folderName) {
+  std::strcpy(outPath, namedFolderPrefix(mode, type, folderName).c_str());
+}
+
+void Simulation::SimulationForACB(SimulationInfo* info, void* imageRecord, unsigned int,
+                                  unsigned int camId) {
+  const Path prefix =
+      namedFolderPrefix(static_cast<int>(info->mode), FileType::ACB, info->folderName);
+  const Path path(prefix, "_acb_camId[", camId, "].bin");
+  if (imageRecord == nullptr) return;
+  const Plane y = planeAt(imageRecord, offsetof(AcbImage, y));
+  const Plane c = planeAt(imageRecord, offsetof(AcbImage, c));
+  if (y.data == nullptr || c.data == nullptr) return;
+  if (info->mode == kDump) dump(y, c, path.c_str());
+  if (info->mode == kReadback) readBack(y, c, path.c_str());
+}
