@@ -1,9 +1,11 @@
 # Compares what LIBRARY exports with the names in the file EXPECTED, which are the
 # ABI. After a wanted change:
-#   nm -D --defined-only build/release/libsimulation.so | sed 's/.* //' | LC_ALL=C sort
+#   nm -D --defined-only build/release/libsimulation.so | sed 's/.* //; s/B5cxx11//' | LC_ALL=C sort
 execute_process(COMMAND ${NM} -D --defined-only ${LIBRARY} OUTPUT_VARIABLE output
                 COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX REPLACE "[^\n]* ([^\n]+)\n" "\\1;" exported "${output}")
+# The tag that only the workstation's standard library puts on its strings.
+string(REPLACE "B5cxx11" "" exported "${exported}")
 file(STRINGS ${EXPECTED} expected)
 
 set(added ${exported})
