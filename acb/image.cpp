@@ -23,26 +23,15 @@ Plane planeAt(const void* image, std::size_t offset) {
           load<std::uint32_t>(image, offset + offsetof(AcbPlane, size))};
 }
 
-/// Unbuffered, so that a plane that did not reach the file is known at once.
 bool writePlane(const FileDescriptor& file, const Plane& plane) {
-  std::size_t total = 0;
-  while (total < plane.size) {
-    const ssize_t count = write(file.get(), plane.data + total, plane.size - total);
-    if (count <= 0) return false;
-    total += static_cast<std::size_t>(count);
-  }
-  return true;
+  return writeAll(file, plane.data, plane.size);
 }
 
 /// The end of the file is no failure: the rest of the plane stays live.
 bool readPlane(const FileDescriptor& file, const Plane& plane) {
-  std::size_t total = 0;
-  while (total < plane.size) {
-    const ssize_t count = read(file.get(), plane.data + total, plane.size - total);
-    if (count <= 0) return count == 0;
-    total += static_cast<std::size_t>(count);
-  }
-  return true;
+  bool failed = false;
+  readUpTo(file, plane.data, plane.size, &failed);
+  return !failed;
 }
 
 void dump(const Plane& y, const Plane& c, const char* path) {

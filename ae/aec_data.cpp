@@ -56,10 +56,10 @@ bool replayFields(const tinyxml2::XMLNode& root, void* data) {
   return true;
 }
 
-void readBack(tinyxml2::XMLDocument& document, const char* path, void* data) {
+void readBack(RecordDocument& document, const char* path, void* data) {
   // Only the root counts, not the load's result: what could be parsed of a
   // damaged file is replayed.
-  document.LoadFile(path);
+  document.load(path);
   const tinyxml2::XMLNode* root = document.FirstChild();
   if (root == nullptr) {
     SimulationLog(kError, "[%s] read xml root failed", path);

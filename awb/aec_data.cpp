@@ -2,7 +2,7 @@
 #include <simulation/records.h>
 #include <simulation/simulation.h>
 
-#include <cstring>
+#include <string_view>
 
 #include "core/bytes.h"
 #include "core/data_paths.h"
@@ -31,9 +31,9 @@ void writeMatrix(tinyxml2::XMLElement& element, const void* data) {
 
 /// Numbers beyond the matrix are ignored; those that are missing stay live.
 void readMatrix(const tinyxml2::XMLElement& element, void* data) {
-  const char* cursor = element.GetText();
-  if (cursor == nullptr) return;
-  const char* const end = cursor + std::strlen(cursor);
+  const std::string_view text = textOf(element);
+  const char* cursor = text.data();
+  const char* const end = cursor + text.size();
   float value;
   for (std::size_t i = 0; i < kMatrixSize && extract(cursor, end, value); ++i) {
     store(data, matrixAt(i), value);
@@ -65,7 +65,7 @@ void readAttributes(const tinyxml2::XMLElement& exposure, void* data) {
                            record + offsetof(AWBExposureInfo, frameDuration));
 }
 
-void readBack(tinyxml2::XMLDocument& document, const char* path, void* data) {
+void readBack(RecordDocument& document, const char* path, void* data) {
   const tinyxml2::XMLNode* root = loadXmlRoot(document, path);
   if (root == nullptr) return;
   const tinyxml2::XMLElement* exposure = findElement(*root, "AWBAlgoExposureInformation");

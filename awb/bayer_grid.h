@@ -39,6 +39,7 @@ struct RegionField {
   const char* name;
   std::size_t offset;  ///< in BGRegionStats
   std::size_t width;   ///< 8: a sum; 2: a count
+  std::size_t room;    ///< of its text
 };
 extern const std::array<RegionField, 10> kRegionFields;
 

@@ -56,14 +56,14 @@ void appendValues(TextBuilder& text, const SimulationAWBBGStats& copy, std::size
 
 void writeRegions(tinyxml2::XMLElement& parent, const SimulationAWBBGStats& copy) {
   for (const RegionField& field : kRegionFields) {
-    TextBuilder text(copy.numROIs * (kUnsignedRoom + 1) + 1);
+    TextBuilder text(copy.numROIs * (field.room + 1) + 1);
     if (field.width == 8) {
       appendValues<std::uint64_t>(text, copy, field.offset);
     } else {
       appendValues<std::uint16_t>(text, copy, field.offset);
     }
     if (text.empty()) text.append(' ');
-    appendElement(parent, field.name).SetText(text.c_str());
+    setNumbers(appendElement(parent, field.name), std::move(text));
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "awb/bayer_grid.h"
 #include "core/bytes.h"
@@ -20,18 +21,18 @@ constexpr std::size_t kRegionFieldsSize =
 
 /// The values end at the first text that isn't one.
 template <typename Value>
-void readValues(const char* text, SimulationAWBBGStats& copy, std::size_t offset) {
-  const char* const end = text + std::strlen(text);
+void readValues(std::string_view text, SimulationAWBBGStats& copy, std::size_t offset) {
+  const char* cursor = text.data();
+  const char* const end = cursor + text.size();
   Value value;
-  for (std::size_t i = 0; i < BayerGridOutput::kMaxRegions && extract(text, end, value); ++i) {
+  for (std::size_t i = 0; i < BayerGridOutput::kMaxRegions && extract(cursor, end, value); ++i) {
     store(&copy.regions[i], offset, value);
   }
 }
 
 void readField(const tinyxml2::XMLElement& element, const RegionField& field,
                SimulationAWBBGStats& copy) {
-  const char* const text = element.GetText();
-  if (text == nullptr) return;  // what a dump of no regions comes back as
+  const std::string_view text = textOf(element);  // empty after a dump of no regions
   if (field.width == 8) {
     readValues<std::uint64_t>(text, copy, field.offset);
   } else {

@@ -32,8 +32,8 @@ void dump(tinyxml2::XMLDocument& document, const char* path, const void* data) {
   }
 }
 
-void readBack(tinyxml2::XMLDocument& document, const char* path, void* data) {
-  if (document.LoadFile(path) != tinyxml2::XML_SUCCESS) {
+void readBack(RecordDocument& document, const char* path, void* data) {
+  if (document.load(path) != tinyxml2::XML_SUCCESS) {
     SimulationLog(kError, "dump %s fail error:%d", path, document.ErrorID());
     return;
   }
@@ -51,7 +51,7 @@ void Simulation::SimulationForAWBExtExposure(SimulationInfo* info, void* data,
   if (requestId < kFirstRequest) return;
   const Path path = recordPath(*info, FileType::AWB, "_ExtExposure", requestId, camId, ".xml");
   if (info->mode != kDump && info->mode != kReadback) return;
-  auto document = std::make_unique<tinyxml2::XMLDocument>();
+  auto document = std::make_unique<RecordDocument>();
   if (info->mode == kDump) dump(*document, path.c_str(), data);
   if (info->mode == kReadback) readBack(*document, path.c_str(), data);
   // Left allocated on purpose: this record's document is never freed (some 10 KB

@@ -9,21 +9,6 @@
 #include "core/raw_file.h"
 
 namespace simulation {
-namespace {
-
-/// The bytes that could be read before the end of the file or an error.
-std::size_t readUpTo(const FileDescriptor& file, char* data, std::size_t size) {
-  std::size_t total = 0;
-  while (total < size) {
-    const ssize_t count = read(file.get(), data + total, size - total);
-    if (count <= 0) break;
-    total += static_cast<std::size_t>(count);
-  }
-  return total;
-}
-
-}  // namespace
-
 std::optional<std::size_t> readStaged(const char* path, void* staging, std::size_t size) {
   const FileDescriptor file = openToRead(path);
   if (!file.valid()) return std::nullopt;

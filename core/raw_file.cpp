@@ -29,6 +29,27 @@ FileDescriptor openToRead(const char* path) {
   return FileDescriptor(descriptor);
 }
 
+bool writeAll(const FileDescriptor& file, const char* data, std::size_t size) {
+  while (size > 0) {
+    const ssize_t count = write(file.get(), data, size);
+    if (count <= 0) return false;
+    data += count;
+    size -= static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+std::size_t readUpTo(const FileDescriptor& file, char* data, std::size_t size, bool* failed) {
+  std::size_t total = 0;
+  while (total < size) {
+    const ssize_t count = read(file.get(), data + total, size - total);
+    if (count < 0 && failed != nullptr) *failed = true;
+    if (count <= 0) break;
+    total += static_cast<std::size_t>(count);
+  }
+  return total;
+}
+
 ssize_t readFile(void* data, const char* path, std::size_t size, int offset) {
   const FileDescriptor file = openToRead(path);
   if (!file.valid()) return -1;

@@ -2,38 +2,29 @@
 
 #include <camx/memory.h>
 
-#include <cstdio>
-
 #include "core/log.h"
+#include "core/raw_file.h"
+#include "core/xml_printer.h"
 
 namespace simulation {
-namespace {
 
-struct CloseStream {
-  void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-
-}  // namespace
-
-XmlDocument newXmlDocument() {
-  return XmlDocument(new (0, 0, nullptr, 0)
-                         tinyxml2::XMLDocument(true, tinyxml2::PRESERVE_WHITESPACE));
-}
+XmlDocument newXmlDocument() { return XmlDocument(new (0, 0, nullptr, 0) RecordDocument); }
 
 tinyxml2::XMLElement& appendElement(tinyxml2::XMLNode& parent, const char* name) {
   return *parent.InsertEndChild(parent.GetDocument()->NewElement(name))->ToElement();
 }
 
-tinyxml2::XMLError saveXml(tinyxml2::XMLDocument& document, const char* path) {
-  std::unique_ptr<std::FILE, CloseStream> stream(std::fopen(path, "w"));
-  if (stream == nullptr) return tinyxml2::XML_ERROR_FILE_COULD_NOT_BE_OPENED;
-  document.SaveFile(stream.get());
-  const bool written = std::ferror(stream.get()) == 0;
-  const bool closed = std::fclose(stream.release()) == 0;
+tinyxml2::XMLError saveXml(const tinyxml2::XMLDocument& document, const char* path) {
+  FileDescriptor file(open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666));
+  if (!file.valid()) return tinyxml2::XML_ERROR_FILE_COULD_NOT_BE_OPENED;
+  XmlPrinter printer(file);
+  document.Print(&printer);
+  const bool written = printer.finish();
+  const bool closed = file.close();
   return written && closed ? tinyxml2::XML_SUCCESS : tinyxml2::XML_ERROR_FILE_READ_ERROR;
 }
 
-void saveXmlAndLog(tinyxml2::XMLDocument& document, const char* path, int successLevel) {
+void saveXmlAndLog(const tinyxml2::XMLDocument& document, const char* path, int successLevel) {
   const tinyxml2::XMLError error = saveXml(document, path);
   if (error == tinyxml2::XML_SUCCESS) {
     SimulationLog(successLevel, "dump %s success", path);
@@ -49,8 +40,8 @@ const tinyxml2::XMLElement* findElement(const tinyxml2::XMLNode& parent, const c
   return element;
 }
 
-const tinyxml2::XMLNode* loadXmlRoot(tinyxml2::XMLDocument& document, const char* path) {
-  if (document.LoadFile(path) != tinyxml2::XML_SUCCESS) {
+const tinyxml2::XMLNode* loadXmlRoot(RecordDocument& document, const char* path) {
+  if (document.load(path) != tinyxml2::XML_SUCCESS) {
     SimulationLog(kError, "load %s failed", path);
     return nullptr;
   }

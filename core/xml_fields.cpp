@@ -83,7 +83,7 @@ void readFloat(const tinyxml2::XMLElement& element, void* member) {
 
 void queryFloat(const tinyxml2::XMLElement& element, void* member) {
   const tinyxml2::XMLNode* first = element.FirstChild();
-  if (first != nullptr && first->ToText() != nullptr) storeFloat(first->Value(), member);
+  if (first != nullptr && first->ToText() != nullptr) storeFloat(textOf(element).data(), member);
 }
 
 template <typename Word>
@@ -120,11 +120,6 @@ void queryUnsigned64Attribute(const tinyxml2::XMLElement& element, const char* n
   if (element.QueryUnsigned64Attribute(name, &value) == tinyxml2::XML_SUCCESS) {
     store(member, 0, value);
   }
-}
-
-std::string_view textOf(const tinyxml2::XMLElement& element) {
-  const char* text = element.GetText();
-  return text != nullptr ? text : "";
 }
 
 }  // namespace simulation

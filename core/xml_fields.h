@@ -5,7 +5,6 @@
 #include <tinyxml2.h>
 
 #include <cstddef>
-#include <string_view>
 
 namespace simulation {
 
@@ -85,8 +84,5 @@ void queryFloatAttribute(const tinyxml2::XMLElement& element, const char* name, 
 void writeUnsigned64Attribute(tinyxml2::XMLElement& element, const char* name, const void* member);
 void queryUnsigned64Attribute(const tinyxml2::XMLElement& element, const char* name, void* member);
 /// @}
-
-/// The element's text; empty where it has none.
-std::string_view textOf(const tinyxml2::XMLElement& element);
 
 }  // namespace simulation

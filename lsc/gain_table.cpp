@@ -32,11 +32,12 @@ TextBuilder gridText(const void* table, std::size_t channel) {
 }
 
 /// The gains that a blank ends; what follows the last blank is none.
-std::vector<float> splitGains(const char* text) {
+std::vector<float> splitGains(std::string_view text) {
   std::vector<float> gains;
-  if (text == nullptr) return gains;
-  for (const char* blank; (blank = std::strchr(text, ' ')) != nullptr; text = blank + 1) {
-    gains.push_back(toFloat(std::string_view(text, static_cast<std::size_t>(blank - text))));
+  gains.reserve(kLscRows * kLscColumns);
+  for (std::size_t blank; (blank = text.find(' ')) != std::string_view::npos;) {
+    gains.push_back(toFloat(text.substr(0, blank)));
+    text.remove_prefix(blank + 1);
   }
   return gains;
 }
@@ -44,19 +45,19 @@ std::vector<float> splitGains(const char* text) {
 }  // namespace
 
 void dumpGainTable(const void* table, const char* path) {
-  tinyxml2::XMLDocument document;
+  RecordDocument document;
   tinyxml2::XMLElement& info = appendElement(appendElement(document, "SimulationData"), kInfo);
   info.SetAttribute("width", static_cast<unsigned int>(kLscColumns));
   info.SetAttribute("height", static_cast<unsigned int>(kLscRows));
   for (std::size_t channel = 0; channel < kLscChannels; ++channel) {
-    appendElement(info, kChannels[channel]).SetText(gridText(table, channel).c_str());
+    setNumbers(appendElement(info, kChannels[channel]), gridText(table, channel));
   }
   saveXmlAndLog(document, path, kError);
 }
 
 bool readGainTable(const char* path, float* outTable) {
-  tinyxml2::XMLDocument document;
-  if (document.LoadFile(path) != tinyxml2::XML_SUCCESS) {
+  RecordDocument document;
+  if (document.load(path) != tinyxml2::XML_SUCCESS) {
     SimulationLog(kError, "load %s failed", path);
     return false;
   }
@@ -65,7 +66,7 @@ bool readGainTable(const char* path, float* outTable) {
   if (info == nullptr) return false;
   const tinyxml2::XMLElement* element = info->FirstChildElement(kChannels[0]);
   for (std::size_t channel = 0; element != nullptr; ++channel) {
-    const std::vector<float> gains = splitGains(element->GetText());
+    const std::vector<float> gains = splitGains(textOf(*element));
     for (std::size_t i = 0; i < gains.size(); ++i) outTable[channel + kLscChannels * i] = gains[i];
     element = element->NextSiblingElement();
   }

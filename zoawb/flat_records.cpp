@@ -63,14 +63,14 @@ void dump(const FlatRecord& record, const char* path, const void* data) {
 void readBack(const FlatRecord& record, const char* path, void* data) {
   XmlDocument document = newXmlDocument();
   if (document == nullptr) return;
-  if (document->LoadFile(path) != tinyxml2::XML_SUCCESS) {
+  if (document->load(path) != tinyxml2::XML_SUCCESS) {
     SimulationLog(kError, "read %s fail error:%d", path, document->ErrorID());
     return;
   }
   const tinyxml2::XMLElement* root = document->FirstChildElement();
   if (root == nullptr) return;
   // Kept when a conversion throws: its document stays allocated, on purpose.
-  tinyxml2::XMLDocument* const kept = document.release();
+  RecordDocument* const kept = document.release();
   applyFields(*root, data, record.fields);
   document.reset(kept);
 }

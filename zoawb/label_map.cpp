@@ -2,12 +2,15 @@
 
 #include <simulation/records.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 #include "core/fatal.h"
 #include "core/number_text.h"
+#include "core/xml_document.h"
 
 namespace simulation {
 namespace {
@@ -15,30 +18,34 @@ namespace {
 constexpr std::size_t kSize = QSegImageInfo::kStatsSize;
 
 /// One to three digits before a blank, which is all that a dump writes.
-/// Returns where the blank is, or null for anything else.
+/// Returns where the blank is, or null for anything else. `text` ends with a
+/// character that is neither.
 const char* readPlainLabel(const char* text, unsigned int& value) {
-  value = 0;
-  const char* const limit = text + 3;
-  const char* cursor = text;
-  while (cursor != limit && *cursor >= '0' && *cursor <= '9') {
-    value = value * 10 + static_cast<unsigned int>(*cursor++ - '0');
+  const auto digit = [text](int i) { return static_cast<unsigned int>(text[i]) - '0'; };
+  value = digit(0);
+  if (value > 9) return nullptr;
+  for (int i = 1; i < 4; ++i) {
+    if (text[i] == ' ') return text + i;
+    if (digit(i) > 9) return nullptr;
+    value = value * 10 + digit(i);
   }
-  return cursor != text && *cursor == ' ' ? cursor : nullptr;
+  return nullptr;
 }
 
 /// The values of `text`, of which the first kSize go to `map`.
-std::size_t parseLabels(const char* text, std::uint8_t* map) {
-  std::size_t count = 0;
-  for (;; ++count) {
+std::size_t parseLabels(std::string_view text, std::uint8_t* map) {
+  const char* cursor = text.data();
+  const char* const end = cursor + text.size();
+  for (std::size_t count = 0;; ++count) {
     unsigned int value = 0;
-    const char* blank = readPlainLabel(text, value);
+    const char* blank = readPlainLabel(cursor, value);
     if (blank == nullptr) {
-      blank = std::strchr(text, ' ');
-      if (blank == nullptr) return count;
-      value = static_cast<unsigned int>(toInt({text, static_cast<std::size_t>(blank - text)}));
+      blank = std::find(cursor, end, ' ');
+      if (blank == end) return count;
+      value = static_cast<unsigned int>(toInt({cursor, static_cast<std::size_t>(blank - cursor)}));
     }
     if (count < kSize) map[count] = static_cast<std::uint8_t>(value);
-    text = blank + 1;
+    cursor = blank + 1;
   }
 }
 
@@ -48,14 +55,12 @@ void writeLabelMap(tinyxml2::XMLElement& element, const void* map) {
   TextBuilder text(kSize * kByteItemRoom);
   const auto* labels = static_cast<const std::uint8_t*>(map);
   for (std::size_t i = 0; i < kSize; ++i) text.append(writeByteItem, labels[i]);
-  element.SetText(text.c_str());
+  setNumbers(element, std::move(text));
 }
 
 void readLabelMap(const tinyxml2::XMLElement& element, void* map) {
-  const char* text = element.GetText();
-  if (text == nullptr) return;
   const std::unique_ptr<std::uint8_t[]> labels(new std::uint8_t[kSize]);
-  const std::size_t count = parseLabels(text, labels.get());
+  const std::size_t count = parseLabels(textOf(element), labels.get());
   if (count > kSize) fatal();
   std::memcpy(map, labels.get(), count);
 }

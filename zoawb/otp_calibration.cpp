@@ -36,7 +36,7 @@ void dump(const char* path, void* table) {
 void readEntry(const char* path, void* entry) {
   const XmlDocument document = newXmlDocument();
   if (document == nullptr) return;
-  if (document->LoadFile(path) != tinyxml2::XML_SUCCESS) {
+  if (document->load(path) != tinyxml2::XML_SUCCESS) {
     SimulationLog(kError, "dump %s fail error:%d", path, document->ErrorID());
     return;
   }

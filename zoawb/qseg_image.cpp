@@ -122,7 +122,7 @@ void Simulation::readQsegImageData(void* pQSegImageInfo, char* fileName) {
   const tinyxml2::XMLNode* root = loadXmlRoot(*document, fileName);
   if (root == nullptr) return;
   // A conversion that throws leaves the document allocated, on purpose.
-  tinyxml2::XMLDocument* const kept = document.release();
+  RecordDocument* const kept = document.release();
   applyFields(*root, pQSegImageInfo, kFields);
   document.reset(kept);
   SimulationLog(kError, "readback %s success", fileName);

@@ -80,7 +80,7 @@ void dump(const char* path, const void* data) {
 void readBack(const char* path, void* data) {
   const XmlDocument document = newXmlDocument();
   if (document == nullptr) return;
-  if (document->LoadFile(path) != tinyxml2::XML_SUCCESS) {
+  if (document->load(path) != tinyxml2::XML_SUCCESS) {
     SimulationLog(kError, "read %s fail ", path);
     return;
   }

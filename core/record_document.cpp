@@ -1,0 +1,102 @@
+#include "core/record_document.h"
+
+#include <sys/stat.h>
+
+#include <utility>
+
+#include "core/raw_file.h"
+#include "core/xml_printer.h"
+
+namespace simulation {
+namespace {
+
+/// Stands for a list in the text that is parsed: this character, then a letter
+/// that tells which.
+constexpr char kListMark = '\x01';
+constexpr std::size_t kMostLists = 26;
+
+/// Shorter lists are left to the parser.
+constexpr std::size_t kShortestList = 256;
+
+/// Whether `text` could stand between two tags only as what it is: with none of
+/// these characters can it begin, end or change anything, wherever in a document.
+bool isList(std::string_view text) {
+  bool plain = true;
+  for (const char character : text) {
+    const bool digit = character >= '0' && character <= '9';
+    const bool other =
+        character == ' ' || character == '.' || character == '-' || character == '\n';
+    plain &= digit | other;
+  }
+  return plain && text.front() >= '0' && text.front() <= '9';
+}
+
+/// Not where a mark could be the file's own, or become part of a longer text.
+bool mayHoldLists(std::string_view text) {
+  return text.find(kListMark) == std::string_view::npos &&
+         text.find("<![CDATA[") == std::string_view::npos;
+}
+
+/// The size of a regular file; 0 for anything else.
+std::size_t sizeOf(const FileDescriptor& file) {
+  struct stat status = {};
+  const bool known = file.valid() && fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
+  return known ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
+}  // namespace
+
+tinyxml2::XMLError RecordDocument::load(const char* path) {
+  // Whatever is wrong with the file, tinyxml2 says what, and what it could parse.
+  return loadWithoutLists(path) ? tinyxml2::XML_SUCCESS : LoadFile(path);
+}
+
+bool RecordDocument::loadWithoutLists(const char* path) {
+  const FileDescriptor file(open(path, O_RDONLY));
+  const std::size_t size = sizeOf(file);
+  file_.reset(new char[size]);
+  if (size == 0 || readUpTo(file, file_.get(), size) != size) return false;
+  const std::string_view text(file_.get(), size);
+  if (!mayHoldLists(text)) return false;
+  const std::unique_ptr<char[]> rest(new char[size]);
+  const char* const end = takeLists(text, rest.get());
+  return Parse(rest.get(), static_cast<std::size_t>(end - rest.get())) == tinyxml2::XML_SUCCESS;
+}
+
+/// Copies `text` to `out`, with marks instead of its lists. Returns the end.
+const char* RecordDocument::takeLists(std::string_view text, char* out) {
+  while (!text.empty()) {
+    const std::size_t begin = text.find('>') + 1;  // 0 when there is none
+    const std::size_t end = text.find('<', begin);
+    if (begin == 0 || end == std::string_view::npos) break;
+    out += text.copy(out, begin);
+    const std::string_view list = text.substr(begin, end - begin);
+    if (list.size() >= kShortestList && lists_.size() < kMostLists && isList(list)) {
+      *out++ = kListMark;
+      *out++ = static_cast<char>('A' + lists_.size());
+      lists_.push_back(list);
+    } else {
+      out += list.copy(out, list.size());
+    }
+    text.remove_prefix(end);
+  }
+  return out + text.copy(out, text.size());
+}
+
+void setNumbers(tinyxml2::XMLElement& element, TextBuilder numbers) {
+  auto* const document = static_cast<RecordDocument*>(element.GetDocument());
+  tinyxml2::XMLText* const text = document->NewText("");
+  text->SetValue(document->written_.emplace_back(std::move(numbers)).c_str(), /*staticMem=*/true);
+  text->SetUserData(const_cast<char*>(kPlainText));
+  element.InsertFirstChild(text);
+}
+
+std::string_view textOf(const tinyxml2::XMLElement& element) {
+  const char* const text = element.GetText();
+  if (text == nullptr) return "";
+  const auto* const document = static_cast<const RecordDocument*>(element.GetDocument());
+  if (text[0] != kListMark || document->lists_.empty()) return text;
+  return document->lists_[static_cast<std::size_t>(text[1] - 'A')];
+}
+
+}  // namespace simulation
