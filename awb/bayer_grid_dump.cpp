@@ -1,6 +1,8 @@
 // Bayer-grid statistics to XML.
 #include <simulation/simulation.h>
 
+#include <cstring>
+
 #include "awb/bayer_grid.h"
 #include "core/bytes.h"
 #include "core/fatal.h"
@@ -38,7 +40,7 @@ void writeThresholds(tinyxml2::XMLElement& element, const SimulationAWBBGStats& 
 
 void writeHeader(tinyxml2::XMLElement& element, const SimulationAWBBGStats& copy) {
   element.SetAttribute("usesY", copy.flags & BayerGridOutput::kUsesY);
-  element.SetAttribute("hasSatInfo", (copy.flags & BayerGridOutput::kHasSatInfo) >> 1);
+  element.SetAttribute("hasSatInfo", copy.flags >> 1);
   element.SetAttribute("numROIs", copy.numROIs);
   element.SetAttribute("horizontal_num", copy.horizontal_num);
   element.SetAttribute("vertical_num", copy.vertical_num);

@@ -125,7 +125,7 @@ TEST_F(AecData, ValuesThatAreMissingOrNoNumbersStayLive) {
       "<a><LuxIndex>bright</LuxIndex><DigitalGain/>"
       "<ExposureIndexShort ExposureTime='soon' Gain='7' Sensitivity='high'/>"
       "<ExposureIndexLong ExposureTime='5' Sensitivity=' 6.5x'/>"
-      "<ExposureIndexSafe/><DrcGain> +8 </DrcGain><DrcGainDark><b/>9</DrcGainDark></a>");
+      "<ExposureIndexSafe/><DrcGain> +8 </DrcGain><DrcGainDark><!--7-->9</DrcGainDark></a>");
   std::string expected = live;
   store(expected.data(), Layout::exposures + 8, 7.0F);
   store(expected.data(), Layout::exposures + 32, std::uint64_t{5});

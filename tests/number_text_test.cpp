@@ -48,7 +48,8 @@ std::ostringstream classicStream() {
   return out;
 }
 
-std::string streamed(float value, int precision, bool fixed) {
+template <typename Value>
+std::string streamed(Value value, int precision, bool fixed) {
   auto out = classicStream();
   if (fixed) out << std::fixed;
   out.precision(precision);
@@ -154,6 +155,11 @@ TEST(NumberText, Floats) {
     std::memcpy(&value, &bits, sizeof value);
     checkFloat(value);
     checkFloat(std::ldexp(static_cast<float>(bits >> 8), static_cast<int>(bits % 48) - 40));
+  }
+  // Just beside the middle of two floats, by less than a double can tell.
+  for (float value = 0.5F; value < 0.9F; value += 0.000123F) {
+    const double middle = (static_cast<double>(value) + std::nextafterf(value, 1)) / 2;
+    for (const int precision : {15, 16, 17, 18}) checkReading(streamed(middle, precision, true));
   }
   for (int power = -46; power <= 38; ++power) {
     const float ten = std::strtof(("1e" + std::to_string(power)).c_str(), nullptr);
