@@ -121,7 +121,8 @@ void checkFloat(float value) {
   static int count = 0;
   constexpr int kPrecisions[] = {6, 8, 9, 17};
   checkWriting(value);
-  checkReading(streamed(value, kPrecisions[++count % 4], std::fabs(value) < 1e9F));
+  if (++count % 3 != 0) return;  // reading takes the standard way long
+  checkReading(streamed(value, kPrecisions[count % 4], std::fabs(value) < 1e9F));
 }
 
 void checkInteger(std::uint64_t value) {
