@@ -31,10 +31,11 @@ bool isList(std::string_view text) {
   return plain && text.front() >= '0' && text.front() <= '9';
 }
 
-/// Not where a mark could be the file's own, or become part of a longer text.
+/// Not where a mark could be the file's own (an entity may stand for it), or become
+/// part of a longer text.
 bool mayHoldLists(std::string_view text) {
-  return text.find(kListMark) == std::string_view::npos &&
-         text.find("<![CDATA[") == std::string_view::npos;
+  const auto lacks = [text](auto part) { return text.find(part) == std::string_view::npos; };
+  return lacks(kListMark) && lacks('&') && lacks("<![CDATA[");
 }
 
 /// The size of a regular file; 0 for anything else.
@@ -48,7 +49,9 @@ std::size_t sizeOf(const FileDescriptor& file) {
 
 tinyxml2::XMLError RecordDocument::load(const char* path) {
   // Whatever is wrong with the file, tinyxml2 says what, and what it could parse.
-  return loadWithoutLists(path) ? tinyxml2::XML_SUCCESS : LoadFile(path);
+  if (loadWithoutLists(path)) return tinyxml2::XML_SUCCESS;
+  lists_.clear();
+  return LoadFile(path);
 }
 
 bool RecordDocument::loadWithoutLists(const char* path) {
@@ -60,6 +63,7 @@ bool RecordDocument::loadWithoutLists(const char* path) {
   if (!mayHoldLists(text)) return false;
   const std::unique_ptr<char[]> rest(new char[size]);
   const char* const end = takeLists(text, rest.get());
+  for (const std::string_view list : lists_) file_[list.data() + list.size() - file_.get()] = '\0';
   return Parse(rest.get(), static_cast<std::size_t>(end - rest.get())) == tinyxml2::XML_SUCCESS;
 }
 

@@ -35,8 +35,8 @@ class RecordDocument final : public tinyxml2::XMLDocument {
 /// Sets the text of an element of a RecordDocument to a list of numbers.
 void setNumbers(tinyxml2::XMLElement& element, TextBuilder numbers);
 
-/// The text of an element of a RecordDocument; empty where it has none. The
-/// character after it is no part of any number.
+/// The text of an element of a RecordDocument, with a NUL behind it; empty where
+/// it has none.
 std::string_view textOf(const tinyxml2::XMLElement& element);
 
 }  // namespace simulation

@@ -13,7 +13,7 @@ std::string textsOf(const tinyxml2::XMLNode& node, bool lists) {
   for (auto* child = node.FirstChildElement(); child; child = child->NextSiblingElement()) {
     const char* const text = child->GetText();
     all += std::string("<") + child->Name() + ">";
-    all += lists ? std::string(simulation::textOf(*child)) : text != nullptr ? text : "";
+    all += lists ? simulation::textOf(*child).data() : text != nullptr ? text : "";
     all += textsOf(*child, lists);
   }
   return all;
@@ -40,6 +40,8 @@ TEST_F(RecordDocumentTest, LoadsAsTheParserAloneDoes) {
       "A</n>" +
           element + "</a>",
       "<a><n>" + list + "\x01</n></a>",
+      "<a><n>&#1;A</n>" + element + "<n>&#x1;Z</n></a>",
+      "<a>" + element + "<n>&#1;A</n></b>",
       "<a>" + element + "</b>",
       "<a>" + element,
       "<a><n>" + list,
