@@ -2,10 +2,13 @@
 #include <simulation/records.h>
 #include <simulation/simulation.h>
 
+#include <memory>
+
 #include "core/bytes.h"
 #include "core/data_paths.h"
 #include "core/log.h"
-#include "core/xml_document.h"
+#include "core/number_text.h"
+#include "core/xml_printer.h"
 
 namespace simulation {
 namespace {
@@ -14,10 +17,13 @@ constexpr char kElement[] = "orientation";
 constexpr std::size_t kOffset = offsetof(AcbDeviceOrientation, orientation);
 
 void dump(const void* record, const char* path) {
-  tinyxml2::XMLDocument document;
-  tinyxml2::XMLElement& root = appendElement(document, "ExtExposure");
-  appendElement(root, kElement).SetText(load<int>(record, kOffset));
-  if (saveXml(document, path) == tinyxml2::XML_SUCCESS) {
+  const auto printer = std::make_unique<XmlPrinter>(path);
+  printer->OpenElement("ExtExposure");
+  printer->OpenElement(kElement);
+  printer->pushNumber(writeSigned, load<std::int32_t>(record, kOffset));
+  printer->CloseElement();
+  printer->CloseElement();
+  if (printer->finish() == tinyxml2::XML_SUCCESS) {
     SimulationLog(kVerbose, "dump %s success", path);
   } else {
     SimulationLog(kError, "dump %s fail", path);

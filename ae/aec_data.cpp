@@ -3,6 +3,8 @@
 #include <simulation/records.h>
 #include <simulation/simulation.h>
 
+#include <memory>
+
 #include "core/bytes.h"
 #include "core/data_paths.h"
 #include "core/log.h"
@@ -12,11 +14,11 @@
 namespace simulation {
 namespace {
 
-void writeExposure(tinyxml2::XMLElement& element, const void* member) {
+void writeExposure(XmlPrinter& printer, const void* member) {
   const char* const exposure = static_cast<const char*>(member);
-  writeUnsigned64Attribute(element, "ExposureTime", exposure + offsetof(AECExposure, exposureTime));
-  writeFloatAttribute(element, "Gain", exposure + offsetof(AECExposure, gain));
-  writeFloatAttribute(element, "Sensitivity", exposure + offsetof(AECExposure, sensitivity));
+  writeUnsigned64Attribute(printer, "ExposureTime", exposure + offsetof(AECExposure, exposureTime));
+  writeFloatAttribute(printer, "Gain", exposure + offsetof(AECExposure, gain));
+  writeFloatAttribute(printer, "Sensitivity", exposure + offsetof(AECExposure, sensitivity));
 }
 
 void readExposure(const tinyxml2::XMLElement& element, void* member) {
@@ -40,9 +42,12 @@ constexpr XmlField kFields[] = {
     {"DrcGainDark", AECOutputLayout::drcGainDark, writeFloat, queryFloat},
 };
 
-void dump(tinyxml2::XMLDocument& document, const char* path, const void* data) {
-  appendFields(appendElement(document, "SimulationData"), data, kFields);
-  saveXmlAndLog(document, path, kError);
+void dump(const char* path, const void* data) {
+  const auto printer = std::make_unique<XmlPrinter>(path);
+  printer->OpenElement("SimulationData");
+  printFields(*printer, data, kFields);
+  printer->CloseElement();
+  finishAndLog(*printer, path, kError);
 }
 
 /// Unlike the other records, this one needs all of its elements: it stops at the
@@ -77,11 +82,12 @@ void Simulation::SimulationForAECData(SimulationInfo* info, void* aecOutput, uns
                                       unsigned int camId, void* evIndex) {
   const Path prefix = recordPrefix(static_cast<int>(info->mode), FileType::AE, requestId, camId);
   const Path path(prefix, "_AECData_camId[", camId, "]_ev[", load<std::uint32_t>(evIndex), "].xml");
+  // Accounted for in every mode, though only a readback fills it.
   const XmlDocument document = newXmlDocument();
   if (document == nullptr) {
     SimulationLog(kError, "create XMLDocument %s failed", path.c_str());
     return;
   }
-  if (info->mode == kDump) dump(*document, path.c_str(), aecOutput);
+  if (info->mode == kDump) dump(path.c_str(), aecOutput);
   if (info->mode == kReadback) readBack(*document, path.c_str(), aecOutput);
 }

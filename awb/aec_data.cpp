@@ -2,6 +2,7 @@
 #include <simulation/records.h>
 #include <simulation/simulation.h>
 
+#include <memory>
 #include <string_view>
 
 #include "core/bytes.h"
@@ -20,15 +21,6 @@ std::size_t matrixAt(std::size_t index) {
   return offsetof(AWBExposureInfo, BETemplateMatrix) + index * sizeof(float);
 }
 
-void writeMatrix(tinyxml2::XMLElement& element, const void* data) {
-  TextBuilder text(kMatrixSize * (kStreamFloatRoom + 1));
-  for (std::size_t i = 0; i < kMatrixSize; ++i) {
-    text.append(writeStreamFloat, load<float>(data, matrixAt(i)));
-    text.append(' ');
-  }
-  element.SetText(text.c_str());
-}
-
 /// Numbers beyond the matrix are ignored; those that are missing stay live.
 void readMatrix(const tinyxml2::XMLElement& element, void* data) {
   const std::string_view text = textOf(element);
@@ -40,17 +32,23 @@ void readMatrix(const tinyxml2::XMLElement& element, void* data) {
   }
 }
 
-void dump(tinyxml2::XMLDocument& document, const char* path, const void* data) {
-  tinyxml2::XMLElement& exposure =
-      appendElement(appendElement(document, "SimulationData"), "AWBAlgoExposureInformation");
+void dump(const char* path, const void* data) {
+  const auto printer = std::make_unique<XmlPrinter>(path);
   const char* const record = static_cast<const char*>(data);
-  writeFloatAttribute(exposure, "luxIndex", record);
-  exposure.SetAttribute("AECSettled",
-                        load<std::int32_t>(record, offsetof(AWBExposureInfo, AECSettled)));
-  writeUnsigned64Attribute(exposure, "frameDuration",
+  printer->OpenElement("SimulationData");
+  printer->OpenElement("AWBAlgoExposureInformation");
+  writeFloatAttribute(*printer, "luxIndex", record);
+  printer->PushAttribute("AECSettled",
+                         load<std::int32_t>(record, offsetof(AWBExposureInfo, AECSettled)));
+  writeUnsigned64Attribute(*printer, "frameDuration",
                            record + offsetof(AWBExposureInfo, frameDuration));
-  writeMatrix(appendElement(exposure, "BETemplateMatrix"), record);
-  saveXmlAndLog(document, path, kVerbose);
+  printer->OpenElement("BETemplateMatrix");
+  printer->pushNumbers(writeStreamFloat, kMatrixSize,
+                       [record](std::size_t i) { return load<float>(record, matrixAt(i)); });
+  printer->CloseElement();
+  printer->CloseElement();
+  printer->CloseElement();
+  finishAndLog(*printer, path, kVerbose);
 }
 
 void readAttributes(const tinyxml2::XMLElement& exposure, void* data) {
@@ -83,8 +81,9 @@ using namespace simulation;
 void Simulation::SimulationForAWBAECData(SimulationInfo* info, void* data, unsigned int requestId,
                                          unsigned int camId) {
   const Path path = recordPath(*info, FileType::AWB, "_AECData", requestId, camId, ".xml");
+  // Accounted for in every mode, though only a readback fills it.
   const XmlDocument document = newXmlDocument();
   if (document == nullptr) return;
-  if (info->mode == kDump) dump(*document, path.c_str(), data);
+  if (info->mode == kDump) dump(path.c_str(), data);
   if (info->mode == kReadback) readBack(*document, path.c_str(), data);
 }

@@ -39,8 +39,18 @@ struct RegionField {
   const char* name;
   std::size_t offset;  ///< in BGRegionStats
   std::size_t width;   ///< 8: a sum; 2: a count
-  std::size_t room;    ///< of its text
 };
-extern const std::array<RegionField, 10> kRegionFields;
+inline constexpr std::array<RegionField, 10> kRegionFields = {{
+    {"RSum", offsetof(BGRegionStats, RSum), 8},
+    {"BSum", offsetof(BGRegionStats, BSum), 8},
+    {"GRorGSum", offsetof(BGRegionStats, GRorGSum), 8},
+    {"GBSum", offsetof(BGRegionStats, GBSum), 8},
+    {"YSum", offsetof(BGRegionStats, YSum), 8},
+    {"RCount", offsetof(BGRegionStats, RCount), 2},
+    {"BCount", offsetof(BGRegionStats, BCount), 2},
+    {"GRorGCount", offsetof(BGRegionStats, GRorGCount), 2},
+    {"GBCount", offsetof(BGRegionStats, GBCount), 2},
+    {"YCount", offsetof(BGRegionStats, YCount), 2},
+}};
 
 }  // namespace simulation

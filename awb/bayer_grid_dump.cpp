@@ -8,7 +8,6 @@
 #include "core/fatal.h"
 #include "core/log.h"
 #include "core/number_text.h"
-#include "core/xml_document.h"
 #include "core/xml_fields.h"
 
 namespace simulation {
@@ -29,43 +28,44 @@ void copyRegions(const void* stats, SimulationAWBBGStats& copy) {
   }
 }
 
-void writeThresholds(tinyxml2::XMLElement& element, const SimulationAWBBGStats& copy) {
-  TextBuilder text(4 * (kUnsignedRoom + 1));
+void writeThresholds(XmlPrinter& printer, const SimulationAWBBGStats& copy) {
+  char text[4 * (kUnsignedRoom + 1) + 1];
+  char* end = text;
   for (const std::uint32_t threshold : copy.channelGainThreshold) {
-    text.append(writeUnsigned, threshold);
-    text.append(' ');
+    end = writeUnsigned(end, threshold);
+    *end++ = ' ';
   }
-  element.SetAttribute("channelGainThreshold", text.c_str());
+  *end = '\0';
+  printer.PushAttribute("channelGainThreshold", text);
 }
 
-void writeHeader(tinyxml2::XMLElement& element, const SimulationAWBBGStats& copy) {
-  element.SetAttribute("usesY", copy.flags & BayerGridOutput::kUsesY);
-  element.SetAttribute("hasSatInfo", copy.flags >> 1);
-  element.SetAttribute("numROIs", copy.numROIs);
-  element.SetAttribute("horizontal_num", copy.horizontal_num);
-  element.SetAttribute("vertical_num", copy.vertical_num);
-  writeFloatAttribute(element, "BLStretchFactor", &copy.BLStretchFactor);
-  writeThresholds(element, copy);
+void writeHeader(XmlPrinter& printer, const SimulationAWBBGStats& copy) {
+  printer.PushAttribute("usesY", copy.flags & BayerGridOutput::kUsesY);
+  printer.PushAttribute("hasSatInfo", (copy.flags & BayerGridOutput::kHasSatInfo) >> 1);
+  printer.PushAttribute("numROIs", copy.numROIs);
+  printer.PushAttribute("horizontal_num", copy.horizontal_num);
+  printer.PushAttribute("vertical_num", copy.vertical_num);
+  writeFloatAttribute(printer, "BLStretchFactor", &copy.BLStretchFactor);
+  writeThresholds(printer, copy);
 }
 
 template <typename Value>
-void appendValues(TextBuilder& text, const SimulationAWBBGStats& copy, std::size_t offset) {
-  for (std::size_t i = 0; i < copy.numROIs; ++i) {
-    text.append(writeUnsigned, load<Value>(&copy.regions[i], offset));
-    text.append(' ');
-  }
+void writeValues(XmlPrinter& printer, const SimulationAWBBGStats& copy, std::size_t offset) {
+  printer.pushNumbers(writeUnsigned, copy.numROIs,
+                      [&](std::size_t i) { return load<Value>(&copy.regions[i], offset); });
 }
 
-void writeRegions(tinyxml2::XMLElement& parent, const SimulationAWBBGStats& copy) {
+void writeRegions(XmlPrinter& printer, const SimulationAWBBGStats& copy) {
   for (const RegionField& field : kRegionFields) {
-    TextBuilder text(copy.numROIs * (field.room + 1) + 1);
-    if (field.width == 8) {
-      appendValues<std::uint64_t>(text, copy, field.offset);
+    printer.OpenElement(field.name);
+    if (copy.numROIs == 0) {
+      printer.pushCharacter(' ');
+    } else if (field.width == 8) {
+      writeValues<std::uint64_t>(printer, copy, field.offset);
     } else {
-      appendValues<std::uint16_t>(text, copy, field.offset);
+      writeValues<std::uint16_t>(printer, copy, field.offset);
     }
-    if (text.empty()) text.append(' ');
-    setNumbers(appendElement(parent, field.name), std::move(text));
+    printer.CloseElement();
   }
 }
 
@@ -79,8 +79,8 @@ void Simulation::dumpAWBStatsForSimulation(void* stats, char* path) {
     SimulationLog(kError, "failed, pBayerGridOutput is null");
     return;
   }
-  const XmlDocument document = newXmlDocument();
-  if (document == nullptr) {
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) {
     SimulationLog(kError, "create XMLDocument %s failed", path);
     return;
   }
@@ -91,9 +91,11 @@ void Simulation::dumpAWBStatsForSimulation(void* stats, char* path) {
   }
   copyHeader(stats, *copy);
   copyRegions(stats, *copy);
-  tinyxml2::XMLElement& element =
-      appendElement(appendElement(*document, "SimulationData"), "AWBBGStats");
-  writeHeader(element, *copy);
-  writeRegions(element, *copy);
-  saveXmlAndLog(*document, path, kDebug);
+  printer->OpenElement("SimulationData");
+  printer->OpenElement("AWBBGStats");
+  writeHeader(*printer, *copy);
+  writeRegions(*printer, *copy);
+  printer->CloseElement();
+  printer->CloseElement();
+  finishAndLog(*printer, path, kDebug);
 }

@@ -23,9 +23,12 @@ constexpr XmlField kFields[] = {
     {"brightnessValue", 20, writeFloat, queryFloat},
 };
 
-void dump(tinyxml2::XMLDocument& document, const char* path, const void* data) {
-  appendFields(appendElement(document, "ExtExposure"), data, kFields);
-  if (saveXml(document, path) == tinyxml2::XML_SUCCESS) {
+void dump(const char* path, const void* data) {
+  const auto printer = std::make_unique<XmlPrinter>(path);
+  printer->OpenElement("ExtExposure");
+  printFields(*printer, data, kFields);
+  printer->CloseElement();
+  if (printer->finish() == tinyxml2::XML_SUCCESS) {
     SimulationLog(kVerbose, "dump %s success", path);
   } else {
     SimulationLog(kError, "dump %s fail", path);
@@ -52,9 +55,9 @@ void Simulation::SimulationForAWBExtExposure(SimulationInfo* info, void* data,
   const Path path = recordPath(*info, FileType::AWB, "_ExtExposure", requestId, camId, ".xml");
   if (info->mode != kDump && info->mode != kReadback) return;
   auto document = std::make_unique<RecordDocument>();
-  if (info->mode == kDump) dump(*document, path.c_str(), data);
+  if (info->mode == kDump) dump(path.c_str(), data);
   if (info->mode == kReadback) readBack(*document, path.c_str(), data);
   // Left allocated on purpose: this record's document is never freed (some 10 KB
-  // for each call).
+  // for each readback).
   (void)document.release();
 }

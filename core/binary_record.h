@@ -21,7 +21,7 @@ struct BinaryRecord {
   bool firstDumpWins = false;  ///< a file that exists is left alone
 };
 
-/// Larger than every fixed-size record: the size of a staging buffer.
+/// The size of the largest fixed-size record, and of a staging buffer.
 inline constexpr std::size_t kLargestBinaryRecord = 1784;
 
 /// Reads up to `size` bytes into `staging`, which keeps what it held beyond

@@ -6,9 +6,10 @@
 // operation; what that can't prove right goes to the C library's own functions.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <cstring>
 #include <string_view>
 
 namespace simulation {
@@ -28,8 +29,17 @@ inline constexpr std::size_t kFixedFloatRoom = 47;
 char* writeUnsigned(char* out, std::uint64_t value);
 char* writeSigned(char* out, std::int64_t value);
 
-/// The value and one blank: an item of a long list of bytes.
-char* writeByteItem(char* out, std::uint8_t value);
+/// A byte and one blank: an item of a long list.
+struct ByteItem {
+  std::array<char, kByteItemRoom> text;
+  std::uint8_t length;
+};
+extern const std::array<ByteItem, 256> kByteItems;
+
+inline char* writeByteItem(char* out, std::uint8_t value) {
+  std::memcpy(out, kByteItems[value].text.data(), kByteItemRoom);
+  return out + kByteItems[value].length;
+}
 
 /// Six significant digits, as a stream writes a float by default.
 char* writeStreamFloat(char* out, float value);
@@ -40,33 +50,6 @@ char* writeXmlFloat(char* out, float value);
 /// Exactly six digits after the point, as a stream with std::fixed writes a float.
 char* writeFixedFloat(char* out, float value);
 /// @}
-
-/// A text that grows at its end, in one allocation of the size given up front.
-/// The caller sees to it that what it appends fits.
-class TextBuilder {
- public:
-  explicit TextBuilder(std::size_t room) : text_(new char[room + 1]), end_(text_.get()) {}
-
-  void append(char character) { *end_++ = character; }
-
-  /// `text.append(writeUnsigned, sum)`
-  template <typename Write, typename Value>
-  void append(Write write, Value value) {
-    end_ = write(end_, value);
-  }
-
-  bool empty() const { return end_ == text_.get(); }
-
-  /// The text so far, until the next append.
-  const char* c_str() {
-    *end_ = '\0';
-    return text_.get();
-  }
-
- private:
-  std::unique_ptr<char[]> text_;
-  char* end_;
-};
 
 /// @name Stream extraction
 /// What `stream >> value` does: blanks are skipped, then as much as can belong

@@ -9,23 +9,8 @@
 #include "core/powers_of_ten.h"
 
 namespace simulation {
-namespace {
 
-constexpr auto kDigitPairs = [] {
-  std::array<char, 200> pairs = {};
-  for (std::size_t value = 0; value < 100; ++value) {
-    pairs[2 * value] = static_cast<char>('0' + value / 10);
-    pairs[2 * value + 1] = static_cast<char>('0' + value % 10);
-  }
-  return pairs;
-}();
-
-struct ByteItem {
-  std::array<char, kByteItemRoom> text;
-  std::uint8_t length;
-};
-
-constexpr auto kByteItems = [] {
+const std::array<ByteItem, 256> kByteItems = [] {
   std::array<ByteItem, 256> items = {};
   for (unsigned int value = 0; value < items.size(); ++value) {
     auto& [text, length] = items[value];
@@ -35,6 +20,17 @@ constexpr auto kByteItems = [] {
     text[length++] = ' ';
   }
   return items;
+}();
+
+namespace {
+
+constexpr auto kDigitPairs = [] {
+  std::array<char, 200> pairs = {};
+  for (std::size_t value = 0; value < 100; ++value) {
+    pairs[2 * value] = static_cast<char>('0' + value / 10);
+    pairs[2 * value + 1] = static_cast<char>('0' + value % 10);
+  }
+  return pairs;
 }();
 
 int countDigits(std::uint64_t value) {
@@ -165,12 +161,6 @@ char* writeSigned(char* out, std::int64_t value) {
     magnitude = 0 - magnitude;
   }
   return writeUnsigned(out, magnitude);
-}
-
-char* writeByteItem(char* out, std::uint8_t value) {
-  const auto& [text, length] = kByteItems[value];
-  std::memcpy(out, text.data(), text.size());
-  return out + length;
 }
 
 char* writeStreamFloat(char* out, float value) { return writeGeneral<6>(out, value, "%.6g"); }

@@ -9,6 +9,9 @@
 
 namespace simulation {
 
+/// A text of the caller's; a missing one is shown as "%s" shows it.
+inline const char* textOrNull(const char* text) { return text != nullptr ? text : "(null)"; }
+
 /// A path of at most Size - 1 characters, made by joining texts and numbers:
 /// `Path(prefix, "_TuningMode_camId[", camId, "].bin")`.
 template <std::size_t Size>
@@ -27,8 +30,7 @@ class BoundedPath {
   void append(std::string_view piece) {
     length_ += piece.copy(text_.data() + length_, Size - 1 - length_);
   }
-  /// A missing text is shown as "%s" shows it.
-  void append(const char* piece) { append(std::string_view(piece != nullptr ? piece : "(null)")); }
+  void append(const char* piece) { append(std::string_view(textOrNull(piece))); }
   void append(const BoundedPath& piece) { append(piece.view()); }
 
   /// In decimal, as "%d" shows it.

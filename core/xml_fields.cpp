@@ -3,28 +3,10 @@
 #include <cstdint>
 
 #include "core/bytes.h"
-#include "core/fatal.h"
 #include "core/number_text.h"
-#include "core/xml_document.h"
 
 namespace simulation {
 namespace {
-
-/// A number as a NUL-terminated text.
-struct NumberText {
-  template <typename Write, typename Value>
-  NumberText(Write write, Value value) {
-    *write(text, value) = '\0';
-  }
-  char text[kUnsignedRoom + 1];
-};
-static_assert(kUnsignedRoom >= kSignedRoom && kUnsignedRoom >= kXmlFloatRoom);
-
-template <typename Value>
-void storeMember(void* member, Value value) {
-  if (member == nullptr) fatal();
-  store(member, 0, value);
-}
 
 void storeFloat(const char* text, void* member) {
   float value;
@@ -33,10 +15,12 @@ void storeFloat(const char* text, void* member) {
 
 }  // namespace
 
-void appendFields(tinyxml2::XMLElement& parent, const void* record, XmlFields fields) {
+void printFields(XmlPrinter& printer, const void* record, XmlFields fields) {
   for (const XmlField& field : fields) {
     if (field.write == nullptr) continue;
-    field.write(appendElement(parent, field.name), static_cast<const char*>(record) + field.offset);
+    printer.OpenElement(field.name);
+    field.write(printer, static_cast<const char*>(record) + field.offset);
+    printer.CloseElement();
   }
 }
 
@@ -48,10 +32,11 @@ void applyFields(const tinyxml2::XMLNode& parent, void* record, XmlFields fields
   }
 }
 
-void appendArray(tinyxml2::XMLElement& parent, const void* items, const XmlArray& array) {
+void printArray(XmlPrinter& printer, const void* items, const XmlArray& array) {
   for (std::size_t i = 0; i < array.count; ++i) {
-    appendFields(appendElement(parent, array.name),
-                 static_cast<const char*>(items) + i * array.stride, array.item);
+    printer.OpenElement(array.name);
+    printFields(printer, static_cast<const char*>(items) + i * array.stride, array.item);
+    printer.CloseElement();
   }
 }
 
@@ -65,16 +50,16 @@ void applyArray(const tinyxml2::XMLNode& parent, void* items, const XmlArray& ar
   }
 }
 
-void writeInt(tinyxml2::XMLElement& element, const void* member) {
-  element.SetText(NumberText(writeSigned, load<std::int32_t>(member)).text);
+void writeInt(XmlPrinter& printer, const void* member) {
+  printer.pushNumber(writeSigned, load<std::int32_t>(member));
 }
 
 void readInt(const tinyxml2::XMLElement& element, void* member) {
   storeMember(member, toInt(textOf(element)));
 }
 
-void writeFloat(tinyxml2::XMLElement& element, const void* member) {
-  element.SetText(NumberText(writeXmlFloat, load<float>(member)).text);
+void writeFloat(XmlPrinter& printer, const void* member) {
+  printer.pushNumber(writeXmlFloat, load<float>(member));
 }
 
 void readFloat(const tinyxml2::XMLElement& element, void* member) {
@@ -87,8 +72,8 @@ void queryFloat(const tinyxml2::XMLElement& element, void* member) {
 }
 
 template <typename Word>
-void writeWord(tinyxml2::XMLElement& element, const void* member) {
-  element.SetText(NumberText(writeUnsigned, load<Word>(member)).text);
+void writeWord(XmlPrinter& printer, const void* member) {
+  printer.pushNumber(writeUnsigned, load<Word>(member));
 }
 
 template <typename Word>
@@ -96,29 +81,31 @@ void readLowBits(const tinyxml2::XMLElement& element, void* member) {
   storeMember(member, static_cast<Word>(toLongLong(textOf(element))));
 }
 
-template void writeWord<std::uint16_t>(tinyxml2::XMLElement&, const void*);
-template void writeWord<std::uint32_t>(tinyxml2::XMLElement&, const void*);
-template void writeWord<std::uint64_t>(tinyxml2::XMLElement&, const void*);
+template void writeWord<std::uint16_t>(XmlPrinter&, const void*);
+template void writeWord<std::uint32_t>(XmlPrinter&, const void*);
+template void writeWord<std::uint64_t>(XmlPrinter&, const void*);
 template void readLowBits<std::uint16_t>(const tinyxml2::XMLElement&, void*);
 template void readLowBits<std::uint32_t>(const tinyxml2::XMLElement&, void*);
 template void readLowBits<std::uint64_t>(const tinyxml2::XMLElement&, void*);
 
-void writeFloatAttribute(tinyxml2::XMLElement& element, const char* name, const void* member) {
-  element.SetAttribute(name, NumberText(writeXmlFloat, load<float>(member)).text);
+void writeFloatAttribute(XmlPrinter& printer, const char* name, const void* member) {
+  char text[kXmlFloatRoom + 1];
+  *writeXmlFloat(text, load<float>(member)) = '\0';
+  printer.PushAttribute(name, text);
 }
 
 void queryFloatAttribute(const tinyxml2::XMLElement& element, const char* name, void* member) {
   storeFloat(element.Attribute(name), member);
 }
 
-void writeUnsigned64Attribute(tinyxml2::XMLElement& element, const char* name, const void* member) {
-  element.SetAttribute(name, load<std::uint64_t>(member));
+void writeUnsigned64Attribute(XmlPrinter& printer, const char* name, const void* member) {
+  printer.PushAttribute(name, load<std::uint64_t>(member));
 }
 
 void queryUnsigned64Attribute(const tinyxml2::XMLElement& element, const char* name, void* member) {
   std::uint64_t value;
   if (element.QueryUnsigned64Attribute(name, &value) == tinyxml2::XML_SUCCESS) {
-    store(member, 0, value);
+    storeMember(member, value);
   }
 }
 

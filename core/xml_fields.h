@@ -6,14 +6,19 @@
 
 #include <cstddef>
 
+#include "core/bytes.h"
+#include "core/fatal.h"
+#include "core/record_document.h"
+#include "core/xml_printer.h"
+
 namespace simulation {
 
 /// One member of a record and the element that carries it.
 struct XmlField {
   const char* name;
   std::size_t offset;  ///< of the member in the record
-  /// Fills the element; null where a dump leaves the member out.
-  void (*write)(tinyxml2::XMLElement& element, const void* member);
+  /// Writes what is in the element; null where a dump leaves the member out.
+  void (*write)(XmlPrinter& printer, const void* member);
   /// Stores what the element holds. A null member stands for one past its table:
   /// storing into it aborts.
   void (*read)(const tinyxml2::XMLElement& element, void* member);
@@ -33,8 +38,8 @@ class XmlFields {
   const XmlField* end_;
 };
 
-/// Appends one element to `parent` for each row, in order.
-void appendFields(tinyxml2::XMLElement& parent, const void* record, XmlFields fields);
+/// Writes one element for each row, in order.
+void printFields(XmlPrinter& printer, const void* record, XmlFields fields);
 
 /// Reads the first child element of each row's name, in order; a missing one
 /// leaves its member.
@@ -48,7 +53,7 @@ struct XmlArray {
   XmlFields item;
 };
 
-void appendArray(tinyxml2::XMLElement& parent, const void* items, const XmlArray& array);
+void printArray(XmlPrinter& printer, const void* items, const XmlArray& array);
 
 /// Reads the child elements of `parent` into the items in document order,
 /// whatever their names. A child past the last item that would store something
@@ -59,29 +64,36 @@ void applyArray(const tinyxml2::XMLNode& parent, void* items, const XmlArray& ar
 /// The readers named after a standard conversion throw what it throws, for an
 /// element without text too.
 /// @{
-void writeInt(tinyxml2::XMLElement& element, const void* member);
+void writeInt(XmlPrinter& printer, const void* member);
 void readInt(const tinyxml2::XMLElement& element, void* member);  ///< std::stoi
 
 /// A float in tinyxml2's text form (up to eight significant digits), with a
 /// point whatever the process's locale.
-void writeFloat(tinyxml2::XMLElement& element, const void* member);
+void writeFloat(XmlPrinter& printer, const void* member);
 void readFloat(const tinyxml2::XMLElement& element, void* member);  ///< std::stof
 /// A text that is no number leaves the member.
 void queryFloat(const tinyxml2::XMLElement& element, void* member);
 
 template <typename Word>
-void writeWord(tinyxml2::XMLElement& element, const void* member);
+void writeWord(XmlPrinter& printer, const void* member);
 /// The low bits of std::stoll's result.
 template <typename Word>
 void readLowBits(const tinyxml2::XMLElement& element, void* member);
 /// @}
 
+/// Stores element `index` of a member; for readers of one's own.
+template <typename Value>
+void storeMember(void* member, Value value, std::size_t index = 0) {
+  if (member == nullptr) fatal();
+  store(member, index * sizeof value, value);
+}
+
 /// @name Members that are an attribute
 /// An attribute that is missing or no number leaves the member.
 /// @{
-void writeFloatAttribute(tinyxml2::XMLElement& element, const char* name, const void* member);
+void writeFloatAttribute(XmlPrinter& printer, const char* name, const void* member);
 void queryFloatAttribute(const tinyxml2::XMLElement& element, const char* name, void* member);
-void writeUnsigned64Attribute(tinyxml2::XMLElement& element, const char* name, const void* member);
+void writeUnsigned64Attribute(XmlPrinter& printer, const char* name, const void* member);
 void queryUnsigned64Attribute(const tinyxml2::XMLElement& element, const char* name, void* member);
 /// @}
 

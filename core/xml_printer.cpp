@@ -1,32 +1,67 @@
 #include "core/xml_printer.h"
 
+#include <camx/memory.h>
+
 #include <cstring>
+
+#include "core/log.h"
+#include "core/number_text.h"
 
 namespace simulation {
 
-bool XmlPrinter::Visit(const tinyxml2::XMLText& text) {
-  if (text.GetUserData() != kPlainText) return XMLPrinter::Visit(text);
-  PushText("");  // as for any text: the tag before it ends, the one after it follows at once
-  Write(text.Value());
-  return true;
+void XmlPrinter::pushBytes(const std::uint8_t* bytes, std::size_t count) {
+  beginText();
+  for (std::size_t i = 0; i < count; ++i) {
+    makeRoom(kNumberRoom);
+    end_ = writeByteItem(end_, bytes[i]);
+  }
 }
 
-bool XmlPrinter::finish() {
-  failed_ = failed_ || !writeAll(file_, buffer_.data(), used_);
-  used_ = 0;
-  return !failed_;
+void XmlPrinter::pushCharacter(char character) {
+  beginText();
+  Putc(character);
+}
+
+tinyxml2::XMLError XmlPrinter::finish() {
+  flush();
+  if (!file_->valid()) return tinyxml2::XML_ERROR_FILE_COULD_NOT_BE_OPENED;
+  const bool closed = file_->close();
+  return closed && !failed_ ? tinyxml2::XML_SUCCESS : tinyxml2::XML_ERROR_FILE_READ_ERROR;
 }
 
 void XmlPrinter::Write(const char* data, std::size_t size) {
-  if (size > buffer_.size() - used_) finish();
-  if (size > buffer_.size()) {
-    failed_ = failed_ || !writeAll(file_, data, size);
-    return;
+  while (size > 0) {
+    makeRoom(1);
+    const auto room = static_cast<std::size_t>(buffer_.data() + buffer_.size() - end_);
+    const std::size_t part = size < room ? size : room;
+    std::memcpy(end_, data, part);
+    end_ += part;
+    data += part;
+    size -= part;
   }
-  std::memcpy(buffer_.data() + used_, data, size);
-  used_ += size;
 }
 
 void XmlPrinter::Putc(char character) { Write(&character, 1); }
+
+void XmlPrinter::flush() {
+  if (!file_) file_.emplace(open(path_, O_WRONLY | O_CREAT | O_TRUNC, 0666));
+  const auto size = static_cast<std::size_t>(end_ - buffer_.data());
+  failed_ = failed_ || !writeAll(*file_, buffer_.data(), size);
+  end_ = buffer_.data();
+}
+
+std::unique_ptr<XmlPrinter> newXmlPrinter(const char* path) {
+  return std::unique_ptr<XmlPrinter>(new (0, 0, nullptr, 0) XmlPrinter(path));
+}
+
+void finishAndLog(XmlPrinter& printer, const char* path, int successLevel) {
+  const tinyxml2::XMLError error = printer.finish();
+  if (error == tinyxml2::XML_SUCCESS) {
+    SimulationLog(successLevel, "dump %s success", path);
+  } else {
+    SimulationLog(kError, "dump %s failed, Error: %s", path,
+                  tinyxml2::XMLDocument::ErrorIDToName(error));
+  }
+}
 
 }  // namespace simulation

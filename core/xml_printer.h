@@ -1,29 +1,57 @@
-// Prints a document into a file, as tinyxml2 does but without the stream in
-// between, and writes a long list of numbers as it stands.
+// Writes an XML record element by element, in tinyxml2's own form but without a
+// document in memory: numbers go straight into the buffer that the file gets.
+// Belongs to the call that made it.
 #pragma once
 
 #include <tinyxml2.h>
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
 
 #include "core/raw_file.h"
 
 namespace simulation {
 
-/// The mark (user data) of a text node that holds nothing to be escaped.
-inline constexpr char kPlainText[] = "plain";
-
-/// For one document. The file stays the caller's and must outlive the printer.
 class XmlPrinter final : public tinyxml2::XMLPrinter {
  public:
-  explicit XmlPrinter(const FileDescriptor& file) : file_(file) {}
+  /// `path` must outlive the printer. The file is created, or emptied, when there
+  /// is something to write to it; elements may be written even if that fails.
+  explicit XmlPrinter(const char* path) : path_(path) {}
 
-  using XMLPrinter::Visit;
-  bool Visit(const tinyxml2::XMLText& text) override;
+  /// The text of the open element, or a part of it: a number as `write` (see
+  /// number_text.h) forms it.
+  template <typename Write, typename Value>
+  void pushNumber(Write write, Value value) {
+    beginText();
+    makeRoom(kNumberRoom);
+    end_ = write(end_, value);
+  }
 
-  /// Writes what is still in memory. True when the file took every byte.
-  bool finish();
+  /// The same for `count` values, number i of them being valueAt(i), with one
+  /// blank behind each.
+  template <typename Write, typename ValueAt>
+  void pushNumbers(Write write, std::size_t count, ValueAt valueAt) {
+    beginText();
+    for (std::size_t i = 0; i < count; ++i) {
+      makeRoom(kNumberRoom);
+      end_ = write(end_, valueAt(i));
+      *end_++ = ' ';
+    }
+  }
+
+  /// The same for bytes, which come in very long lists.
+  void pushBytes(const std::uint8_t* bytes, std::size_t count);
+
+  /// A character that needs no escaping, as a part of the open element's text.
+  void pushCharacter(char character);
+
+  /// Writes what is still in memory and closes the file. Success means that the
+  /// file took every byte: a full disk is XML_ERROR_FILE_READ_ERROR, tinyxml2's
+  /// nearest name, and may leave a part of the document behind.
+  tinyxml2::XMLError finish();
 
  protected:
   using XMLPrinter::Write;
@@ -31,10 +59,27 @@ class XmlPrinter final : public tinyxml2::XMLPrinter {
   void Putc(char character) override;
 
  private:
-  const FileDescriptor& file_;
-  std::array<char, 4096> buffer_;
-  std::size_t used_ = 0;
+  /// More than any number with its blank takes.
+  static constexpr std::size_t kNumberRoom = 64;
+
+  void beginText() { PushText(""); }
+  void makeRoom(std::size_t size) {
+    if (static_cast<std::size_t>(buffer_.data() + buffer_.size() - end_) < size) flush();
+  }
+  /// Writes the buffer, to a file that is opened for the first of it.
+  void flush();
+
+  const char* path_;
+  std::optional<FileDescriptor> file_;
   bool failed_ = false;
+  std::array<char, 32768> buffer_;
+  char* end_ = buffer_.data();
 };
+
+/// A printer, accounted for by the pipeline. Null when there is no memory.
+std::unique_ptr<XmlPrinter> newXmlPrinter(const char* path);
+
+/// Finishes, and says how the dump ended: a success at `successLevel`.
+void finishAndLog(XmlPrinter& printer, const char* path, int successLevel);
 
 }  // namespace simulation

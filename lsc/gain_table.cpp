@@ -2,14 +2,15 @@
 
 #include <simulation/records.h>
 
-#include <cstring>
+#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "core/bytes.h"
 #include "core/log.h"
 #include "core/number_text.h"
-#include "core/xml_document.h"
+#include "core/record_document.h"
+#include "core/xml_printer.h"
 
 namespace simulation {
 namespace {
@@ -18,17 +19,14 @@ constexpr char kInfo[] = "LensShadingInfo";
 constexpr const char* kChannels[kLscChannels] = {"rGain", "grGain", "gbGain", "bGain"};
 
 /// A line for each row, a blank behind each gain.
-TextBuilder gridText(const void* table, std::size_t channel) {
-  TextBuilder text(kLscRows * (kLscColumns * (kFixedFloatRoom + 1) + 1));
-  std::size_t gain = channel;
+void writeGrid(XmlPrinter& printer, const void* table, std::size_t channel) {
   for (std::size_t row = 0; row < kLscRows; ++row) {
-    for (std::size_t column = 0; column < kLscColumns; ++column, gain += kLscChannels) {
-      text.append(writeFixedFloat, load<float>(table, gain * sizeof(float)));
-      text.append(' ');
-    }
-    text.append('\n');
+    printer.pushNumbers(writeFixedFloat, kLscColumns, [=](std::size_t column) {
+      const std::size_t cell = row * kLscColumns + column;
+      return load<float>(table, (cell * kLscChannels + channel) * sizeof(float));
+    });
+    printer.pushCharacter('\n');
   }
-  return text;
 }
 
 /// The gains that a blank ends; what follows the last blank is none.
@@ -45,14 +43,19 @@ std::vector<float> splitGains(std::string_view text) {
 }  // namespace
 
 void dumpGainTable(const void* table, const char* path) {
-  RecordDocument document;
-  tinyxml2::XMLElement& info = appendElement(appendElement(document, "SimulationData"), kInfo);
-  info.SetAttribute("width", static_cast<unsigned int>(kLscColumns));
-  info.SetAttribute("height", static_cast<unsigned int>(kLscRows));
+  const auto printer = std::make_unique<XmlPrinter>(path);
+  printer->OpenElement("SimulationData");
+  printer->OpenElement(kInfo);
+  printer->PushAttribute("width", static_cast<unsigned int>(kLscColumns));
+  printer->PushAttribute("height", static_cast<unsigned int>(kLscRows));
   for (std::size_t channel = 0; channel < kLscChannels; ++channel) {
-    setNumbers(appendElement(info, kChannels[channel]), gridText(table, channel));
+    printer->OpenElement(kChannels[channel]);
+    writeGrid(*printer, table, channel);
+    printer->CloseElement();
   }
-  saveXmlAndLog(document, path, kError);
+  printer->CloseElement();
+  printer->CloseElement();
+  finishAndLog(*printer, path, kError);
 }
 
 bool readGainTable(const char* path, float* outTable) {

@@ -40,7 +40,8 @@ using namespace simulation;
 bool Simulation::simulationForLscMeta(SimulationInfo* info, const void* lscTable, float* outTable,
                                       int, const char* name, int ev) {
   if (lscTable == nullptr) return false;
-  const int index = nextIndex(std::string(info->folderName) + name + std::to_string(ev));
+  const int index =
+      nextIndex(std::string(textOrNull(info->folderName)) + textOrNull(name) + std::to_string(ev));
   if (info->mode == kReadback) {
     return readGainTable(filePath(Path(kDataRoot, "/"), name, index, ev).c_str(), outTable);
   }

@@ -2,6 +2,7 @@
 
 #include <mutex>
 #include <string_view>
+#include <utility>
 
 #include "core/data_paths.h"
 #include "core/fatal.h"
@@ -135,8 +136,7 @@ void RequestMap::dequeue() {
     return;
   }
   RequestData& slot = slotAt(*this, front);
-  const RequestData request = slot;
-  slot = RequestData();
+  const RequestData request = std::exchange(slot, {});
   front = after(front);
   for (std::uint32_t camId = 0; camId < kCameras; ++camId) {
     if ((request.camMask >> camId & 1) != 0) releaseDumps(*this, request, camId);

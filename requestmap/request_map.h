@@ -75,7 +75,7 @@ static_assert(offsetof(RequestMap, rear) == 4 && offsetof(RequestMap, m_OffPreRe
               offsetof(RequestMap, entries) == 16 && offsetof(RequestMap, tmpEntries) == 7216 &&
               sizeof(RequestMap) == 8944);
 
-/// The map of the process: lets go of one more request when the process exits.
+/// The map of the process: dequeues once more when the process exits.
 class SimulationRequestMap : public RequestMap {
  public:
   ~SimulationRequestMap();

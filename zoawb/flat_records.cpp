@@ -54,10 +54,12 @@ constexpr FlatRecord kPureColor = {"_PureColorRes", "PureColorRes", kPureColorFi
 constexpr FlatRecord kLightSrc = {"_LightSrcClassify", "LightSrcClassify", kLightSrcFields};
 
 void dump(const FlatRecord& record, const char* path, const void* data) {
-  const XmlDocument document = newXmlDocument();
-  if (document == nullptr) return;
-  appendFields(appendElement(*document, record.root), data, record.fields);
-  saveXmlAndLog(*document, path, kVerbose);
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return;
+  printer->OpenElement(record.root);
+  printFields(*printer, data, record.fields);
+  printer->CloseElement();
+  finishAndLog(*printer, path, kVerbose);
 }
 
 void readBack(const FlatRecord& record, const char* path, void* data) {

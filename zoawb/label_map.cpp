@@ -10,7 +10,7 @@
 
 #include "core/fatal.h"
 #include "core/number_text.h"
-#include "core/xml_document.h"
+#include "core/record_document.h"
 
 namespace simulation {
 namespace {
@@ -51,17 +51,15 @@ std::size_t parseLabels(std::string_view text, std::uint8_t* map) {
 
 }  // namespace
 
-void writeLabelMap(tinyxml2::XMLElement& element, const void* map) {
-  TextBuilder text(kSize * kByteItemRoom);
-  const auto* labels = static_cast<const std::uint8_t*>(map);
-  for (std::size_t i = 0; i < kSize; ++i) text.append(writeByteItem, labels[i]);
-  setNumbers(element, std::move(text));
+void writeLabelMap(XmlPrinter& printer, const void* map) {
+  printer.pushBytes(static_cast<const std::uint8_t*>(map), kSize);
 }
 
 void readLabelMap(const tinyxml2::XMLElement& element, void* map) {
   const std::unique_ptr<std::uint8_t[]> labels(new std::uint8_t[kSize]);
   const std::size_t count = parseLabels(textOf(element), labels.get());
-  if (count > kSize) fatal();
+  if (count > kSize || (count > 0 && map == nullptr)) fatal();
+  if (count == 0) return;
   std::memcpy(map, labels.get(), count);
 }
 

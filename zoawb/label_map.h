@@ -4,10 +4,12 @@
 
 #include <tinyxml2.h>
 
+#include "core/xml_printer.h"
+
 namespace simulation {
 
-/// Sets the element's text from a map of QSegImageInfo::kStatsSize bytes.
-void writeLabelMap(tinyxml2::XMLElement& element, const void* map);
+/// Writes a map of QSegImageInfo::kStatsSize bytes.
+void writeLabelMap(XmlPrinter& printer, const void* map);
 
 /// Splits the element's text at each blank, converts every piece as std::stoi
 /// does and stores the low 8 bits. A last piece without a blank is dropped, and

@@ -27,10 +27,12 @@ void* entryOf(void* table, std::size_t index) {
 }
 
 void dump(const char* path, void* table) {
-  const XmlDocument document = newXmlDocument();
-  if (document == nullptr) return;
-  appendFields(appendElement(*document, "WBOTPData"), entryOf(table, 0), kFields);
-  saveXmlAndLog(*document, path, kVerbose);
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return;
+  printer->OpenElement("WBOTPData");
+  printFields(*printer, entryOf(table, 0), kFields);
+  printer->CloseElement();
+  finishAndLog(*printer, path, kVerbose);
 }
 
 void readEntry(const char* path, void* entry) {

@@ -23,8 +23,8 @@ constexpr XmlField kRectangle[] = {
     {"height", offsetof(QSegRect, height), writeWord<std::uint32_t>, readLowBits<std::uint32_t>},
 };
 
-void writeRectangle(tinyxml2::XMLElement& element, const void* rectangle) {
-  appendFields(element, rectangle, kRectangle);
+void writeRectangle(XmlPrinter& printer, const void* rectangle) {
+  printFields(printer, rectangle, kRectangle);
 }
 
 void readRectangle(const tinyxml2::XMLElement& element, void* rectangle) {
@@ -33,8 +33,8 @@ void readRectangle(const tinyxml2::XMLElement& element, void* rectangle) {
 
 constexpr XmlArray kPartRois = {"partROI", 3, sizeof(QSegRect), kRectangle};
 
-void writePartRois(tinyxml2::XMLElement& element, const void* parts) {
-  appendArray(element, parts, kPartRois);
+void writePartRois(XmlPrinter& printer, const void* parts) {
+  printArray(printer, parts, kPartRois);
 }
 
 void readPartRois(const tinyxml2::XMLElement& element, void* parts) {
@@ -59,8 +59,8 @@ constexpr XmlField kInstance[] = {
 constexpr XmlArray kInstances = {"qsegInstInfo", QSegImageInfo::kInstances, sizeof(QSegInstInfo),
                                  kInstance};
 
-void writeInstances(tinyxml2::XMLElement& element, const void* instances) {
-  appendArray(element, instances, kInstances);
+void writeInstances(XmlPrinter& printer, const void* instances) {
+  printArray(printer, instances, kInstances);
 }
 
 void readInstances(const tinyxml2::XMLElement& element, void* instances) {
@@ -103,14 +103,15 @@ void Simulation::dumpQsegImageData(void* pQSegImageInfo, char* fileName) {
     SimulationLog(kError, "failed, pQSegImageInfo is null");
     return;
   }
-  const XmlDocument document = newXmlDocument();
-  if (document == nullptr) {
+  const auto printer = newXmlPrinter(fileName);
+  if (printer == nullptr) {
     SimulationLog(kError, "create XMLDocument %s failed", fileName);
     return;
   }
-  tinyxml2::XMLElement& root = appendElement(*document, "QSegImageInfo");
-  appendFields(root, pQSegImageInfo, kFields);
-  saveXmlAndLog(*document, fileName, kDebug);
+  printer->OpenElement("QSegImageInfo");
+  printFields(*printer, pQSegImageInfo, kFields);
+  printer->CloseElement();
+  finishAndLog(*printer, fileName, kDebug);
 }
 
 void Simulation::readQsegImageData(void* pQSegImageInfo, char* fileName) {

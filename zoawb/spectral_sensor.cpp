@@ -20,13 +20,9 @@ namespace {
 using Record = SpectralSensorInfo;
 constexpr std::size_t kChannels = Record::kChannels;
 
-void writeChannels(tinyxml2::XMLElement& element, const void* member) {
-  TextBuilder text(kChannels * (kStreamFloatRoom + 1));
-  for (std::size_t i = 0; i < kChannels; ++i) {
-    text.append(writeStreamFloat, load<float>(member, i * sizeof(float)));
-    text.append(' ');
-  }
-  element.SetText(text.c_str());
+void writeChannels(XmlPrinter& printer, const void* member) {
+  const auto channel = [member](std::size_t i) { return load<float>(member, i * sizeof(float)); };
+  printer.pushNumbers(writeStreamFloat, kChannels, channel);
 }
 
 /// Values are stored one by one until a text is no number. One more than there
@@ -37,7 +33,7 @@ void readChannels(const tinyxml2::XMLElement& element, void* member) {
   float value = 0;
   for (std::size_t i = 0; extract(cursor, text.data() + text.size(), value); ++i) {
     requireBelow(i, kChannels);
-    store(member, i * sizeof(float), value);
+    storeMember(member, value, i);
   }
 }
 
@@ -45,7 +41,7 @@ void readChannels(const tinyxml2::XMLElement& element, void* member) {
 /// negative text becomes a large value.
 void readFlicker(const tinyxml2::XMLElement& element, void* member) {
   const auto whole = static_cast<std::uint32_t>(toLongLong(textOf(element)));
-  store(member, 0, static_cast<float>(whole));
+  storeMember(member, static_cast<float>(whole));
 }
 
 constexpr XmlField kFields[] = {
@@ -67,10 +63,12 @@ constexpr XmlField kFields[] = {
 };
 
 void dump(const char* path, const void* data) {
-  const XmlDocument document = newXmlDocument();
-  if (document == nullptr) return;
-  appendFields(appendElement(*document, "SpectralSensorInfo"), data, kFields);
-  if (saveXml(*document, path) == tinyxml2::XML_SUCCESS) {
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return;
+  printer->OpenElement("SpectralSensorInfo");
+  printFields(*printer, data, kFields);
+  printer->CloseElement();
+  if (printer->finish() == tinyxml2::XML_SUCCESS) {
     SimulationLog(kVerbose, "dump %s success", path);
   } else {
     SimulationLog(kError, "dump %s failed", path);

@@ -115,7 +115,9 @@ struct QSegInstInfo {
   std::uint16_t eObjectType;
 };
 static_assert(sizeof(QSegInstInfo) == 88);
-static_assert(offsetof(QSegInstInfo, roi) == 12 && offsetof(QSegInstInfo, nConf) == 28);
+static_assert(offsetof(QSegInstInfo, ID) == 8 && offsetof(QSegInstInfo, roi) == 12);
+static_assert(offsetof(QSegInstInfo, nConf) == 28 && offsetof(QSegInstInfo, nSegIdx) == 32);
+static_assert(offsetof(QSegInstInfo, eTrackStatus) == 34);
 static_assert(offsetof(QSegInstInfo, partROIs) == 36 && offsetof(QSegInstInfo, eObjectType) == 84);
 
 /// The scene-segmentation result of one request.
@@ -135,9 +137,15 @@ struct QSegImageInfo {
   float qsegSceneClassConf;
   QSegRect qsegCroppedWindowInfo;
 };
+static_assert(offsetof(QSegImageInfo, isQSegInfoValid) == 12);
+static_assert(offsetof(QSegImageInfo, horizontalRegionCount) == 16);
+static_assert(offsetof(QSegImageInfo, verticalRegionCount) == 20);
 static_assert(offsetof(QSegImageInfo, qsegStatsInfo) == 24);
 static_assert(offsetof(QSegImageInfo, qsegInstInfos) == 307224);
 static_assert(offsetof(QSegImageInfo, qsegInstCount) == 308104);
+static_assert(offsetof(QSegImageInfo, qsegSceneClass) == 308106);
+static_assert(offsetof(QSegImageInfo, qsegSceneClassConf) == 308108);
+static_assert(offsetof(QSegImageInfo, qsegCroppedWindowInfo) == 308112);
 static_assert(sizeof(QSegImageInfo) == 308128);
 
 struct ZOAWBWideAlwaysOnStatus {
@@ -176,6 +184,7 @@ struct WBOTPCalibrationEntry {
 struct WBOTPCalibrationHead {
   std::uint32_t entries;
 };
+static_assert(offsetof(WBOTPCalibrationEntry, rOverG) == 8);
 static_assert(sizeof(WBOTPCalibrationEntry) == 16 && sizeof(WBOTPCalibrationHead) == 4);
 
 /// One reading of the spectral (ambient light) sensor.

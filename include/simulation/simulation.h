@@ -9,7 +9,8 @@
 // the request: to replay a capture, copy one request's files there. Offline AWB,
 // LSC and ACB dumps go to the folder that SimulationInfo::folderName names.
 //
-// Record operations return nothing and report no error to the caller: a failure
+// Record operations report no error to the caller (some XML records throw what the
+// standard conversions throw, LSC returns whether it went on): a failure
 // is a line or two in the log (tag "[SIMULATION]") and leaves the live data in
 // place unless an operation says otherwise. The caller owns every pointer it passes;
 // nothing is kept after the call.
@@ -192,16 +193,19 @@ class SIMULATION_API Simulation {
 
   /// @name Scene segmentation and extended white balance
   /// The XML records among them (QSeg, the four with a few numbers, spectral) are
-  /// applied value by value: a missing element leaves its member. An element
-  /// without text or with a text that is no number, or out of range, throws what
-  /// std::stoi, std::stoll or std::stof throws (std::invalid_argument,
-  /// std::out_of_range); what was applied before stays.
+  /// applied value by value: a missing element leaves its member. But for the
+  /// list of channels, an element without text or with a text that is no number,
+  /// or out of range, throws what std::stoi, std::stoll or std::stof throws
+  /// (std::invalid_argument, std::out_of_range); what was applied before stays.
   /// @{
 
-  /// A QSegImageInfo (simulation_AWB_QsegImageData_*.xml). A file with more
-  /// labels than the map holds, an eleventh instance or a fourth part aborts.
+  /// A QSegImageInfo (simulation_AWB_QsegImageData_*.xml). More labels than the
+  /// map holds, or a value of an eleventh instance or a fourth part, abort. A
+  /// label map without text is left alone.
   void SimulationForQsegImageData(SimulationInfo* info, void* pQSegImageInfo,
                                   unsigned int requestId, unsigned int camId);
+  /// The dump and the readback by themselves, at a path of the caller's choice.
+  /// A null record is logged by a dump; a readback must have one.
   void dumpQsegImageData(void* pQSegImageInfo, char* fileName);
   void readQsegImageData(void* pQSegImageInfo, char* fileName);
 
@@ -268,8 +272,8 @@ class SIMULATION_API Simulation {
   /// Dumps the LscTable at `lscTable` into the folder that
   /// SimulationInfo::folderName names, or writes the gains of a file straight
   /// under /data/vendor/camera into `outTable` (kLscRows x kLscColumns x
-  /// kLscChannels floats). The index in the file name counts the calls of
-  /// either mode with the same folder name, `name` and `ev`, from 0. The fourth
+  /// kLscChannels floats). The index in the file name counts the calls, in
+  /// whatever mode, with the same folder name, `name` and `ev`, from 0. The fourth
   /// argument is not used.
   ///
   /// False when `lscTable` is null (in either mode; such a call is not counted),

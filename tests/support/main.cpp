@@ -13,7 +13,6 @@
 SANITIZER_HOOK __lsan_default_suppressions();
 SANITIZER_HOOK __lsan_default_suppressions() {
   return "leak:SimulationForAWBExtExposure\n"
-         "leak:readAWBStatsForSimulation\n"
          "leak:readQsegImageData\n"
          "leak:runFlatRecord\n";
 }
