@@ -8,6 +8,7 @@
 
 #include "core/bytes.h"
 #include "core/classic_locale.h"
+#include "core/eight_digits.h"
 #include "core/number_text.h"
 #include "core/powers_of_ten.h"
 
@@ -30,6 +31,9 @@ unsigned int digitOf(char character) {
 
 bool isSign(char character) { return character == '-' || character == '+'; }
 
+constexpr std::uint64_t kWholePowersOfTen[] = {1,      10,      100,      1000,   10000,
+                                               100000, 1000000, 10000000, kTenTo8};
+
 /// Digits without sign, point and exponent.
 struct Digits {
   std::uint64_t value = 0;
@@ -38,6 +42,13 @@ struct Digits {
 
 /// What was in `value` must fit, with these digits, into 19 of them.
 const char* takeDigits(const char* text, const char* end, Digits& digits, int most) {
+  while (digits.count + 8 <= most && end - text >= 8) {
+    const LeadingDigits leading(text);
+    digits.value = digits.value * kWholePowersOfTen[leading.count] + leading.value;
+    digits.count += leading.count;
+    text += leading.count;
+    if (leading.count < 8) return text;
+  }
   for (; text != end && digits.count < most; ++text, ++digits.count) {
     const unsigned int digit = digitOf(*text);
     if (digit > 9) break;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "core/classic_locale.h"
+#include "core/eight_digits.h"
 #include "core/number_text.h"
 #include "core/powers_of_ten.h"
 
@@ -33,15 +34,6 @@ constexpr auto kDigitPairs = [] {
   return pairs;
 }();
 
-int countDigits(std::uint64_t value) {
-  for (int count = 0;; count += 4, value /= 10000) {
-    if (value < 10) return count + 1;
-    if (value < 100) return count + 2;
-    if (value < 1000) return count + 3;
-    if (value < 10000) return count + 4;
-  }
-}
-
 /// Writes the last `count` digits of `value`.
 char* writeDigits(char* out, std::uint64_t value, int count) {
   char* digit = out + count;
@@ -52,6 +44,23 @@ char* writeDigits(char* out, std::uint64_t value, int count) {
   }
   if (digit != out) *out = static_cast<char>('0' + value % 10);
   return out + count;
+}
+
+constexpr std::uint64_t kZeros = 0x3030'3030'3030'3030;
+
+char* writeEight(char* out, std::uint32_t value) {
+  const std::uint64_t text = spreadDigits(value) | kZeros;
+  std::memcpy(out, &text, sizeof text);
+  return out + sizeof text;
+}
+
+/// Without zeros in front; eight characters are written over all the same.
+char* writeUpTo8(char* out, std::uint32_t value) {
+  const std::uint64_t digits = spreadDigits(value);
+  const int zeros = __builtin_ctzll(digits | std::uint64_t{1} << 56) / 8;
+  const std::uint64_t text = (digits | kZeros) >> (8 * zeros);
+  std::memcpy(out, &text, sizeof text);
+  return out + sizeof text - zeros;
 }
 
 /// Half to even, as printf rounds. `value` is below 2^53 and exact.
@@ -151,7 +160,15 @@ char* writeGeneral(char* out, float value, const char* format) {
 }  // namespace
 
 char* writeUnsigned(char* out, std::uint64_t value) {
-  return writeDigits(out, value, countDigits(value));
+  if (value < kTenTo8) return writeUpTo8(out, static_cast<std::uint32_t>(value));
+  const std::uint64_t high = value / kTenTo8;
+  if (high < kTenTo8) {
+    out = writeUpTo8(out, static_cast<std::uint32_t>(high));
+  } else {
+    out = writeUpTo8(out, static_cast<std::uint32_t>(high / kTenTo8));
+    out = writeEight(out, static_cast<std::uint32_t>(high % kTenTo8));
+  }
+  return writeEight(out, static_cast<std::uint32_t>(value % kTenTo8));
 }
 
 char* writeSigned(char* out, std::int64_t value) {

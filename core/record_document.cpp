@@ -62,7 +62,7 @@ bool RecordDocument::loadWithoutLists(const char* path) {
   if (!mayHoldLists(text)) return false;
   const std::unique_ptr<char[]> rest(new char[size]);
   const char* const end = takeLists(text, rest.get());
-  for (const std::string_view list : lists_) file_[list.data() + list.size() - file_.get()] = '\0';
+  for (const std::string_view list : lists_) file_.get()[list.data() + list.size() - file_.get()] = '\0';
   return Parse(rest.get(), static_cast<std::size_t>(end - rest.get())) == tinyxml2::XML_SUCCESS;
 }
 

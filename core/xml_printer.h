@@ -5,6 +5,7 @@
 
 #include <tinyxml2.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -26,8 +27,7 @@ class XmlPrinter final : public tinyxml2::XMLPrinter {
   template <typename Write, typename Value>
   void pushNumber(Write write, Value value) {
     beginText();
-    makeRoom(kNumberRoom);
-    end_ = write(end_, value);
+    end_ = write(makeRoom(kNumberRoom), value);
   }
 
   /// The same for `count` values, number i of them being valueAt(i), with one
@@ -35,10 +35,14 @@ class XmlPrinter final : public tinyxml2::XMLPrinter {
   template <typename Write, typename ValueAt>
   void pushNumbers(Write write, std::size_t count, ValueAt valueAt) {
     beginText();
-    for (std::size_t i = 0; i < count; ++i) {
-      makeRoom(kNumberRoom);
-      end_ = write(end_, valueAt(i));
-      *end_++ = ' ';
+    for (std::size_t i = 0; i < count;) {
+      const std::size_t stop = std::min(count, i + kBlock);
+      char* out = makeRoom(kBlock * kNumberRoom);
+      for (; i < stop; ++i) {
+        out = write(out, valueAt(i));
+        *out++ = ' ';
+      }
+      end_ = out;
     }
   }
 
@@ -61,10 +65,13 @@ class XmlPrinter final : public tinyxml2::XMLPrinter {
  private:
   /// More than any number with its blank takes.
   static constexpr std::size_t kNumberRoom = 64;
+  /// Numbers that are written with one look at the room for them.
+  static constexpr std::size_t kBlock = 64;
 
   void beginText() { PushText(""); }
-  void makeRoom(std::size_t size) {
+  char* makeRoom(std::size_t size) {
     if (static_cast<std::size_t>(buffer_.data() + buffer_.size() - end_) < size) flush();
+    return end_;
   }
   /// Writes the buffer, to a file that is opened for the first of it.
   void flush();

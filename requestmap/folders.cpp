@@ -3,12 +3,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <memory>
 #include <string_view>
-#include <system_error>
 
 #include "core/log.h"
 #include "core/path.h"
@@ -34,8 +33,8 @@ const char* nextEntry(const Folder& folder) {
 
 /// What can't be looked at counts as existing: nothing is ever overwritten.
 bool isMissing(const char* path) {
-  std::error_code error;
-  return std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found;
+  struct stat status;
+  return stat(path, &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 
 void moveEntry(const char* name, const char* srcDir, const char* dstDir) {

@@ -53,7 +53,7 @@ class RequestMap {
   void insertForCamx(std::uint64_t chiID, std::uint64_t camxID, std::uint32_t camId);
 
   /// Names the slots of the frames, or parks the name at the frame's position.
-  void addForImageName(std::vector<unsigned int> frameNumbers, const char* imageName);
+  void addForImageName(const std::vector<unsigned int>& frameNumbers, const char* imageName);
 
   /// Moves the entries of `srcDir` into `dstDir`, which must exist, and removes
   /// `srcDir` if nothing is left in it. An entry that `dstDir` has already, or
