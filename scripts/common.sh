@@ -1,4 +1,4 @@
-# What scripts/demo, scripts/test and .ci/run share: finding and installing what
+# What scripts/demo, scripts/test, scripts/bench and .ci/run share: finding and installing what
 # a build needs, and building a preset. Sourced by bash scripts, never run.
 # Everything told to the person goes to stderr.
 
@@ -6,7 +6,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
-# a quiet command that succeeds when it is there. Purposes: build, aarch64, format.
+# a quiet command that succeeds when it is there. Purposes: build, bench, aarch64,
+# format.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -15,6 +16,7 @@ build|ninja-build|ninja|command -v ninja
 build|libtinyxml2-dev|tinyxml2|has_header tinyxml2.h
 build|libgtest-dev|GoogleTest|has_header gtest/gtest.h
 build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
+bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
 aarch64|g++-aarch64-linux-gnu|a cross compiler (aarch64-linux-gnu-g++)|command -v aarch64-linux-gnu-g++
 aarch64|qemu-user|qemu-user (qemu-aarch64)|command -v qemu-aarch64
 aarch64|libtinyxml2-dev:arm64|tinyxml2 for arm64|test -e /usr/lib/aarch64-linux-gnu/libtinyxml2.so

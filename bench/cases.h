@@ -1,0 +1,47 @@
+// The rows of the table: what is measured, and what it must and should reach.
+#pragma once
+
+#include "bench/family.h"
+
+namespace bench {
+
+/// A number to reach and a better one; 0: none is set.
+struct Goal {
+  double must = 0;
+  double aim = 0;
+};
+
+struct Goals {
+  Goal speedup;  ///< the plain version's time / the library's; at least
+  Goal floors;   ///< the library's time / the floor's; at most
+};
+
+struct Case {
+  const char* title;
+  Families (*make)(std::size_t inputs);
+  std::size_t inputs;
+  int rounds;
+  Goals dump;
+  Goals readback;
+  bool plainIsFloor = false;  ///< nothing is converted: both are the same calls
+};
+
+inline constexpr Goals kQsegDump = {{20, 30}, {2.4, 1.7}};
+inline constexpr Goals kBinaryDump = {{}, {1.4, 1.2}};
+inline constexpr Goals kBinaryReadback = {{}, {1.3, 1.1}};
+
+inline constexpr Case kCases[] = {
+    {"QSeg, label map", qsegLabelMaps, 16, 12, kQsegDump, {{3, 8}, {}}},
+    {"QSeg, random bytes", qsegRandomBytes, 16, 12, kQsegDump, {{3, 8}, {}}},
+    {"statistics, plain", plainStatistics, 16, 16, {{5, 8}, {}}, {{2, 5}, {}}},
+    {"statistics, paired", pairedStatistics, 16, 16, {{5, 8}, {}}, {{2, 5}, {}}},
+    {"LSC", lensShading, 32, 30, {{5, 8}, {}}, {{2.5, 5}, {}}},
+    {"small XML, all ten", smallXmlRecords, 32, 60, {{1.5, 2.2}, {}}, {{1.2, 1.6}, {}}},
+    {"binary, staged (8)", stagedBinaries, 32, 80, kBinaryDump, kBinaryReadback},
+    {"binary, direct (2)", directBinaries, 32, 150, kBinaryDump, kBinaryReadback},
+    {"FD result, six blocks", faceDetection, 32, 150, {}, {}},
+    {"ACB, 1080p planes", acbPlanes, 4, 60, {{}, {1.1, 0}}, {{}, {1.1, 0}}, true},
+    {"whole request", wholeRequest, 16, 12, {{8, 12}, {3, 2.2}}, {{3, 6}, {}}},
+};
+
+}  // namespace bench
