@@ -3,36 +3,21 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
-#include <cstdlib>
 #include <iterator>
 
+#include "isp_config.h"
 #include "record.h"
 
 namespace capture {
 namespace {
 
-using Operation = void (Simulation::*)(SimulationInfo*, void*, unsigned, unsigned);
 using SizedOperation = void (Simulation::*)(SimulationInfo*, void*, unsigned long, unsigned,
                                             unsigned);
-
-template <Operation operation>
-void run(const Call& call) {
-  (call.simulation.*operation)(call.info, call.data.data(), call.request, call.camera);
-}
 
 template <SizedOperation operation>
 void runSized(const Call& call) {
   (call.simulation.*operation)(call.info, call.data.data(), call.data.size(), call.request,
                                call.camera);
-}
-
-float asFloat(double value) { return static_cast<float>(value); }
-
-void copy(Rgb color, float (&to)[3]) {
-  to[0] = asFloat(color.r);
-  to[1] = asFloat(color.g);
-  to[2] = asFloat(color.b);
 }
 
 // --- Face regions of interest
@@ -88,49 +73,11 @@ Bytes keepFrameBuffer(const Bytes& recorded, const Bytes& live) {
 
 // --- Configuration of the Bayer-grid statistics, one for each stream
 
-struct IspStatsConfig {
-  std::uint32_t columns, rows;
-  std::uint32_t left, top, width, height;  // sensor pixels
-  std::uint32_t regionWidth, regionHeight;
-  std::uint32_t saturation[4];  // R, Gr, Gb, B, in counts of 14 bits
-  std::uint32_t blackLevel[4];
-  float channelGain[4];
-  std::uint32_t request;
-  float gain;
-  float lumaDecile[10];
-  std::uint32_t reserved[4];
-};
-static_assert(sizeof(IspStatsConfig) == 144);
-
-constexpr std::uint32_t kSensorWidth = 4032, kSensorHeight = 3024;
-
-IspStatsConfig ispStatsConfig(const View& view, std::uint32_t columns, std::uint32_t rows) {
-  IspStatsConfig config = {};
-  config.columns = columns;
-  config.rows = rows;
-  config.width = kSensorWidth;
-  config.height = kSensorHeight;
-  config.regionWidth = kSensorWidth / columns;
-  config.regionHeight = kSensorHeight / rows;
-  std::fill(std::begin(config.saturation), std::end(config.saturation), 16000);
-  std::fill(std::begin(config.blackLevel), std::end(config.blackLevel), 1024);
-  const WhiteBalance balance = view.whiteBalance();
-  const double gains[4] = {balance.redGain, 1, 1, balance.blueGain};
-  std::transform(gains, gains + 4, config.channelGain, asFloat);
-  config.request = view.request();
-  config.gain = asFloat(view.gain());
-  std::vector<double> lumas;
-  for (const Rgb& cell : view.grid(40, 30)) lumas.push_back(luma(cell));
-  std::sort(lumas.begin(), lumas.end());
-  for (std::size_t i = 0; i < 10; ++i) config.lumaDecile[i] = asFloat(lumas[lumas.size() * i / 10]);
-  return config;
-}
-
 constexpr std::size_t kConfigSize = sizeof(IspStatsConfig);
 
 Bytes ispStatsConfigs(const View& view) {
-  Bytes both = bytesOf(ispStatsConfig(view, 36, 27));
-  const Bytes snapshot = bytesOf(ispStatsConfig(view, 72, 54));
+  Bytes both = bytesOf(ispStatsConfig(view, kPreviewGrid));
+  const Bytes snapshot = bytesOf(ispStatsConfig(view, kSnapshotGrid));
   both.insert(both.end(), snapshot.begin(), snapshot.end());
   return both;
 }
@@ -294,14 +241,7 @@ Bytes extExposure(const View& view) {
 /// The text of an XML record holds eight significant digits of a float.
 Bytes atEightDigits(const Bytes& recorded, const Bytes&) {
   Bytes result = recorded;
-  for (std::size_t at = 0; at < result.size(); at += sizeof(float)) {
-    float value;
-    std::memcpy(&value, &result[at], sizeof value);
-    char text[32];
-    std::snprintf(text, sizeof text, "%.8g", double{value});
-    value = std::strtof(text, nullptr);
-    std::memcpy(&result[at], &value, sizeof value);
-  }
+  passThroughText(&result, 0, result.size() / sizeof(float), kXmlFormat);
   return result;
 }
 
@@ -311,52 +251,41 @@ std::vector<Record> awbRecords() {
   return {
       {"FaceROI",
        {"simulation_AWB_FaceROI_camId[#].bin"},
-       Record::kBinary,
        faceRoi,
        run<&Simulation::SimulationForAWBFaceROI>,
-       keepFrameBuffer,
-       "the first 8 bytes, a pointer, which stay live"},
+       {keepFrameBuffer, "the first 8 bytes, a pointer, which stay live"}},
       {"ISPStatsConfig",
        {"simulation_AWB_ISPAWBBGStatsConfig_preview_camId[#].bin",
         "simulation_AWB_ISPAWBBGStatsConfig_snapshot_camId[#].bin"},
-       Record::kBinary,
        ispStatsConfigs,
        runIspStatsConfigs},
       {"TuningMode",
        {"simulation_AWB_TuningMode_camId[#].bin"},
-       Record::kBinary,
        tuningMode,
        run<&Simulation::SimulationForAWBTuningMode>,
-       nullptr,
-       "",
-       "size(60) is not equal to we need(60) or pData is NULL"},
+       {},
+       {nullptr, "read fileName:*.bin size(60) is not equal to we need(60) or pData is NULL"}},
       {"ExtensionInfo",
        {"simulation_AWB_ExtensionInfo_camId[#].bin"},
-       Record::kBinary,
        extensionInfo,
        runExtensionInfo},
       {"FrameControlData",
        {"simulation_AWB_AWBFrameControlData_camId[#].bin"},
-       Record::kBinary,
        frameControl,
        run<&Simulation::SimulationForAWBFrameControlData>},
       {"inputColorData",
        {"simulation_AWB_inputColorData_camId[#].bin"},
-       Record::kBinary,
        inputColorData,
        runSized<&Simulation::SimulationForAWBinputColorData>},
       {"CVPTransformData",
        {"simulation_AWB_CVPTransformData_camId[#].bin"},
-       Record::kBinary,
        cvpTransform,
        runSized<&Simulation::SimulationForCVPTransformData>},
       {"ExtExposure",
        {"simulation_AWB_ExtExposure_camId[#].xml"},
-       Record::kXml,
        extExposure,
        run<&Simulation::SimulationForAWBExtExposure>,
-       atEightDigits,
-       "the 9th digit of some floats, which the text does not hold"},
+       {atEightDigits, "the 9th digit of some floats, which the text does not hold"}},
   };
 }
 

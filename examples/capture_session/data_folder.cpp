@@ -29,6 +29,8 @@ constexpr const char* kOwnPaths[] = {
     "tmp",
     R"(tmp/RequestID\[*]_camId\[*])",
     R"(tmp/RequestID\[*]_camId\[*]/simulation_*)",
+    "BURST_[0-9][0-9][0-9][0-9][0-9][0-9]",
+    "BURST_[0-9][0-9][0-9][0-9][0-9][0-9]/simulation_*",
 };
 
 bool isOwn(const fs::directory_entry& entry, const fs::path& folder) {

@@ -14,7 +14,8 @@
 
 namespace capture {
 
-/// The caller's structures as they lie in memory; aligned for any of them.
+/// The caller's structures as they lie in memory; aligned for any of them. Where
+/// an operation wants pointers, what they point to is here.
 using Bytes = std::vector<std::uint8_t>;
 
 template <typename Structure>
@@ -22,6 +23,13 @@ Bytes bytesOf(const Structure& structure) {
   Bytes bytes(sizeof structure);
   std::memcpy(bytes.data(), &structure, sizeof structure);
   return bytes;
+}
+
+template <typename Structure>
+Structure structureIn(const Bytes& bytes, std::size_t offset = 0) {
+  Structure structure;
+  std::memcpy(&structure, bytes.data() + offset, sizeof structure);
+  return structure;
 }
 
 /// What an operation is called with.
@@ -34,22 +42,71 @@ struct Call {
 
 struct Record {
   const char* name;
-  /// Below the request's folder. A '#' stands for the camera's id.
+
+  /// A '#' stands for the camera's id, an '@' for the number of the dump in the
+  /// burst's folder. Binary files hold the beginning of the data, one after the
+  /// other, and all of it when there are no others.
   std::vector<std::string> files;
-  enum { kBinary, kXml } format;
   Bytes (*compute)(const View&);
   void (*run)(const Call&);
 
   /// What a replay leaves in place of `live`; null: what was recorded, byte for
   /// byte. `difference` tells how that differs from what was recorded.
-  Bytes (*replayed)(const Bytes& recorded, const Bytes& live) = nullptr;
-  const char* difference = "";
+  struct {
+    Bytes (*result)(const Bytes& recorded, const Bytes& live) = nullptr;
+    const char* difference = "";
+  } replay = {};
 
-  /// Part of an error line that every replay of this record logs.
-  const char* replayLog = nullptr;
+  /// The lines that the library logs as errors though all went well: one for
+  /// each file that "*.xml" or "*.bin" in the text stands for.
+  struct {
+    const char* dump = nullptr;
+    const char* replay = nullptr;
+  } log = {};
+
+  /// Whether the files go to the request's folder, or to one that the requests of
+  /// a burst share and that keeps the file of the first, of the last or of each.
+  enum { kRequest, kFirstOfBurst, kLastOfBurst, kEachOfBurst } place = kRequest;
 };
 
-/// The white-balance inputs.
+inline constexpr char kDumpSuccess[] = "dump *.xml success";
+inline constexpr char kReplaySuccess[] = "readback *.xml success";
+
+/// In the order in which a request makes them.
+std::vector<Record> allRecords();
+std::vector<Record> aeRecords();
 std::vector<Record> awbRecords();
+std::vector<Record> awbStatsRecords();
+
+/// Where the dumps of a view's request and camera go, below kCameraData, and
+/// those of its burst.
+std::string requestFolder(const View& view);
+std::string burstFolder(const View& view);
+
+/// The record's files below `folder` (empty: straight under kCameraData), with
+/// `number` in place of the '@'.
+std::vector<std::string> filesOf(const Record& record, const View& view, const std::string& folder,
+                                 unsigned number = 0);
+
+/// The lines that `pattern`, one of a record's log texts or null, stands for.
+std::vector<std::string> logLines(const char* pattern, const std::vector<std::string>& files);
+
+/// `Simulation` operations of the usual forms.
+using Operation = void (Simulation::*)(SimulationInfo*, void*, unsigned, unsigned);
+
+template <Operation operation>
+void run(const Call& call) {
+  (call.simulation.*operation)(call.info, call.data.data(), call.request, call.camera);
+}
+
+inline float asFloat(double value) { return static_cast<float>(value); }
+void copy(Rgb color, float (&to)[3]);
+
+/// A float that was written to a file as text, in a format of printf, and read.
+inline constexpr char kXmlFormat[] = "%.8g", kStreamFormat[] = "%g", kFixedFormat[] = "%f";
+float throughText(float value, const char* format = kXmlFormat);
+
+/// The same for `count` floats that lie in `bytes`.
+void passThroughText(Bytes* bytes, std::size_t offset, std::size_t count, const char* format);
 
 }  // namespace capture

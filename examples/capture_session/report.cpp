@@ -45,7 +45,7 @@ void printSummary(const Options& options, const Session& session) {
   std::printf("\nReplayed request %u over live inputs of a later request under another light.\n",
               view.request());
   std::printf("Error lines in the library's log: %" PRIu64
-              " expected (TuningMode tells the size of every read), %" PRIu64 " problems.\n",
+              " expected (some successes are logged so), %" PRIu64 " problems.\n",
               session.expectedLogLines(), session.problems().count);
   const bool slash = options.data.back() == '/';
   std::printf(

@@ -14,31 +14,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// All records, in the order in which a request makes them.
-std::vector<Record> allRecords() { return awbRecords(); }
-
 constexpr std::uint32_t kDump = 0, kReadback = 1;
-
-std::string fileName(const std::string& pattern, const View& view) {
-  std::string name = pattern;
-  return name.replace(name.find('#'), 1, std::to_string(view.camera()));
-}
 
 std::string placeOf(const Record& record, const View& view) {
   return std::string(record.name) + " of request " + std::to_string(view.request()) + ", camera " +
          std::to_string(view.camera());
 }
 
-bool holds(const std::string& line, const char* part) {
-  return part && line.find(part) != std::string::npos;
+fs::path inData(const std::string& file) { return fs::path(kCameraData) / file; }
+
+/// Appends what the file holds. Returns its size; 0 when it can't be read.
+std::size_t appendContent(const fs::path& path, Bytes* content) {
+  std::error_code error;
+  const auto size = fs::file_size(path, error);
+  std::ifstream file(path, std::ios::binary);
+  if (error || !file) return 0;
+  const std::size_t end = content->size();
+  content->resize(end + size);
+  file.read(reinterpret_cast<char*>(content->data() + end), static_cast<std::streamsize>(size));
+  return static_cast<std::size_t>(file.gcount());
 }
+
+/// A replayed request is of no burst of the session.
+constexpr char kReplayFolder[] = "REPLAY";
 
 }  // namespace
-
-std::string requestFolder(const View& view) {
-  return "tmp/RequestID[" + std::to_string(view.request()) + "]_camId[" +
-         std::to_string(view.camera()) + "]";
-}
 
 void Problems::add(const std::string& problem) {
   constexpr std::size_t kKept = 10;
@@ -57,27 +57,37 @@ View Session::replayedView(unsigned camera) const {
   return View(scene_, light_, requests_ / 2, camera);
 }
 
-void Session::run(const Record& record, std::uint32_t mode, const View& view, Bytes* data) {
-  SimulationInfo info = {{}, "", mode};
-  record.run({*SimulationMgr::getInstance(), &info, *data, view.request(), view.camera()});
-  checkLog(record, view, mode == kReadback ? record.replayLog : nullptr);
+/// The request whose dump the replayed request finds: one of its burst where they share a file.
+View Session::recordedView(const Record& record, unsigned camera) {
+  const View view = replayedView(camera);
+  if (record.place == Record::kRequest) return view;
+  return View(scene_, light_, keptOf(record, view).index, camera);
 }
 
-/// Every error line is a problem, but for the one that is `expected`, if any,
-/// and must be there.
-void Session::checkLog(const Record& record, const View& view, const char* expected) {
-  bool missing = expected && libraryLogsErrors();
+void Session::run(const Record& record, std::uint32_t mode, const View& view, Bytes* data) {
+  const std::string folder = mode == kDump ? burstFolder(view) : kReplayFolder;
+  SimulationInfo info = {{}, folder.c_str(), mode};
+  record.run({*SimulationMgr::getInstance(), &info, *data, view.request(), view.camera()});
+  checkLog(record, view,
+           mode == kDump ? logLines(record.log.dump, dumpedFiles(record, view))
+                         : logLines(record.log.replay, filesOf(record, view, "")));
+}
+
+/// Every error line is a problem, but for those that are `expected` and must be there.
+void Session::checkLog(const Record& record, const View& view, std::vector<std::string> expected) {
   for (const std::string& line : takeErrorLines()) {
-    if (holds(line, expected)) {
-      missing = false;
-      expected = nullptr;  // once
+    const auto found = std::find(expected.begin(), expected.end(), line);
+    if (found != expected.end()) {
+      expected.erase(found);
       ++expectedLogLines_;
     } else {
       problems_.add("the library logged for " + placeOf(record, view) + ": " + line);
     }
   }
-  if (missing)
-    problems_.add("no log line \"" + std::string(expected) + "\" for " + placeOf(record, view));
+  if (!libraryLogsErrors()) return;
+  for (const std::string& line : expected) {
+    problems_.add("no log line \"" + line + "\" for " + placeOf(record, view));
+  }
 }
 
 void Session::record(unsigned index) {
@@ -85,52 +95,89 @@ void Session::record(unsigned index) {
     const View view(scene_, light_, index, camera);
     for (std::size_t i = 0; i < records_.size(); ++i) {
       Bytes data = records_[i].compute(view);
+      noteDump(records_[i], view);
       run(records_[i], kDump, view, &data);
       checkDump(records_[i], view, data, &results_[i]);
     }
   }
 }
 
-/// A binary record's files hold the bytes that were given to the operation, one
-/// file after the other, and nothing else.
+Session::Kept& Session::keptOf(const Record& record, const View& view) {
+  return kept_[record.name + burstFolder(view) + std::to_string(view.camera())];
+}
+
+/// The files of the newest dump of the request, or of its burst.
+std::vector<std::string> Session::dumpedFiles(const Record& record, const View& view) {
+  if (record.place == Record::kRequest) return filesOf(record, view, requestFolder(view));
+  return filesOf(record, view, burstFolder(view), keptOf(record, view).dumps - 1);
+}
+
+void Session::noteDump(const Record& record, const View& view) {
+  if (record.place == Record::kRequest) return;
+  Kept& kept = keptOf(record, view);
+  if (kept.dumps++ == 0 || record.place != Record::kFirstOfBurst) kept.index = view.index();
+}
+
 void Session::checkDump(const Record& record, const View& view, const Bytes& data, Result* result) {
-  Bytes written;
-  for (const std::string& pattern : record.files) {
-    std::ifstream file(fs::path(kCameraData) / requestFolder(view) / fileName(pattern, view),
-                       std::ios::binary);
-    if (!file) return problems_.add("no file for " + placeOf(record, view));
-    written.insert(written.end(), std::istreambuf_iterator<char>(file), {});
-    ++result->files;
+  const bool kept =
+      record.place != Record::kFirstOfBurst || keptOf(record, view).index == view.index();
+  if (!kept) return;
+  Bytes binary, xml;
+  const auto files = dumpedFiles(record, view);
+  for (const std::string& file : files) {
+    const fs::path path = inData(file);
+    if (appendContent(path, path.extension() == ".bin" ? &binary : &xml) == 0) {
+      return problems_.add("no file for " + placeOf(record, view));
+    }
   }
-  result->bytes += written.size();
-  const bool complete = record.format == Record::kXml ? !written.empty() : written == data;
-  if (!complete) problems_.add("wrong bytes in the file for " + placeOf(record, view));
+  const bool whole = xml.empty() ? binary.size() == data.size() : binary.size() <= data.size();
+  if (!whole || !std::equal(binary.begin(), binary.end(), data.begin())) {
+    problems_.add("wrong bytes in the file for " + placeOf(record, view));
+  }
+  count(record, view, files.size(), binary.size() + xml.size(), result);
+}
+
+/// A file that was rewritten is still one.
+void Session::count(const Record& record, const View& view, std::size_t files, std::uint64_t bytes,
+                    Result* result) {
+  result->files += files;
+  result->bytes += bytes;
+  if (record.place != Record::kLastOfBurst) return;
+  Kept& kept = keptOf(record, view);
+  if (kept.dumps > 1) {
+    result->files -= files;
+    result->bytes -= kept.bytes;
+  }
+  kept.bytes = bytes;
 }
 
 void Session::replay(Rgb otherLight) {
   constexpr unsigned kLater = 7;
   for (unsigned camera = 0; camera < cameras_; ++camera) {
-    putInPlace(camera);
-    const View recorded = replayedView(camera);
+    for (const Record& record : records_) putInPlace(record, replayedView(camera));
     const View live(scene_, otherLight, requests_ / 2 + kLater, camera);
     for (std::size_t i = 0; i < records_.size(); ++i) {
-      replayRecord(records_[i], recorded, live, &results_[i]);
+      replayRecord(records_[i], recordedView(records_[i], camera), live, &results_[i]);
     }
   }
 }
 
-void Session::putInPlace(unsigned camera) {
-  const View view = replayedView(camera);
-  std::error_code error;
-  fs::copy(fs::path(kCameraData) / requestFolder(view), kCameraData, error);
-  if (error) problems_.add("copying " + requestFolder(view) + ": " + error.message());
+/// A file that is numbered in its folder gets the number that the replay asks
+/// for, which counts from 0 again.
+void Session::putInPlace(const Record& record, const View& view) {
+  const auto from = dumpedFiles(record, view), to = filesOf(record, view, "");
+  for (std::size_t i = 0; i < from.size(); ++i) {
+    std::error_code error;
+    fs::copy_file(inData(from[i]), inData(to[i]), fs::copy_options::overwrite_existing, error);
+    if (error) problems_.add("copying " + from[i] + ": " + error.message());
+  }
 }
 
 void Session::replayRecord(const Record& record, const View& recordedView, const View& liveView,
                            Result* result) {
   const Bytes recorded = record.compute(recordedView);
   const Bytes before = record.compute(liveView);
-  const Bytes expected = record.replayed ? record.replayed(recorded, before) : recorded;
+  const Bytes expected = record.replay.result ? record.replay.result(recorded, before) : recorded;
   if (before == expected) problems_.add("nothing to replay: " + placeOf(record, liveView));
 
   Bytes live = before;
@@ -142,8 +189,9 @@ void Session::replayRecord(const Record& record, const View& recordedView, const
                        " (camera " + std::to_string(liveView.camera()) + ")";
     problems_.add(placeOf(record, recordedView) + " was replayed with differences");
   } else if (result->replayed == "not replayed" || result->replayed == "identical") {
-    result->replayed =
-        live == recorded ? "identical" : std::string("identical but for ") + record.difference;
+    result->replayed = live == recorded
+                           ? "identical"
+                           : std::string("identical but for ") + record.replay.difference;
   }
 }
 

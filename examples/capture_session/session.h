@@ -6,6 +6,7 @@
 #include <simulation/simulation.h>
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -49,23 +50,34 @@ class Session {
   View replayedView(unsigned camera) const;
 
  private:
+  /// What the requests of a burst left in the folder that they share, for one
+  /// record and camera.
+  struct Kept {
+    unsigned dumps = 0, index = 0;  // `index` of the request whose dump is kept
+    std::uint64_t bytes = 0;
+  };
+
+  Kept& keptOf(const Record& record, const View& view);
+  void noteDump(const Record& record, const View& view);
+  std::vector<std::string> dumpedFiles(const Record& record, const View& view);
+  void count(const Record& record, const View& view, std::size_t files, std::uint64_t bytes,
+             Result* result);
+  View recordedView(const Record& record, unsigned camera);
   void checkDump(const Record& record, const View& view, const Bytes& data, Result* result);
-  void putInPlace(unsigned camera);
+  void putInPlace(const Record& record, const View& view);
   void replayRecord(const Record& record, const View& recordedView, const View& liveView,
                     Result* result);
   void run(const Record& record, std::uint32_t mode, const View& view, Bytes* data);
-  void checkLog(const Record& record, const View& view, const char* expected);
+  void checkLog(const Record& record, const View& view, std::vector<std::string> expected);
 
   const Scene& scene_;
   Rgb light_;
   unsigned requests_, cameras_;
   std::vector<Record> records_;
   std::vector<Result> results_;
+  std::map<std::string, Kept> kept_;
   Problems problems_;
   std::uint64_t expectedLogLines_ = 0;
 };
-
-/// Where the dumps of a view's request and camera go, below kCameraData.
-std::string requestFolder(const View& view);
 
 }  // namespace capture

@@ -26,6 +26,7 @@ class View {
   /// The CamX id. The first is 10: extended exposures of lower ids are never recorded.
   unsigned request() const { return index_ + 10; }
   unsigned camera() const { return camera_; }
+  unsigned index() const { return index_; }
 
   /// What the sensor reads, 0 to 1 with black at 0, averaged over a box of the frame.
   Rgb mean(const Box& box) const;

@@ -1,0 +1,137 @@
+// The Bayer-grid statistics: sums over regions of the frame, as the image signal
+// processor would count them.
+#include <simulation/records.h>
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+
+#include "isp_config.h"
+#include "record.h"
+
+namespace capture {
+namespace {
+
+constexpr std::size_t kHeaderSize = offsetof(BayerGridOutput, regions);
+
+/// `samples` of each channel; what is left of the signal in the dark grows with gain.
+BGRegionStats region(Rgb color, double gain, std::uint16_t samples) {
+  BGRegionStats stats = {};
+  const auto sum = [&](double value) {
+    return static_cast<std::uint64_t>((value * 16383 + 0.5 * gain) * samples);
+  };
+  stats.RSum = sum(color.r);
+  stats.BSum = sum(color.b);
+  stats.GRorGSum = stats.GBSum = sum(color.g);
+  stats.YSum = sum(luma(color));
+  stats.RCount = stats.BCount = stats.GRorGCount = stats.GBCount = stats.YCount = samples;
+  return stats;
+}
+
+/// The second block of a pair tells of the clipped samples.
+BGRegionPair regionPair(Rgb color, double gain, std::uint16_t samples) {
+  const bool clipped = std::max({color.r, color.g, color.b}) > 0.97;
+  return {region(color, gain, samples), region(color, gain, clipped ? samples : std::uint16_t{0})};
+}
+
+Bytes statistics(const View& view, const Grid& grid, bool paired) {
+  auto stats = std::make_unique<BayerGridOutput>();
+  const std::vector<Rgb> cells = view.grid(int(grid.columns), int(grid.rows));
+  stats->flags = BayerGridOutput::kUsesY | (paired ? BayerGridOutput::kHasSatInfo : 0);
+  stats->numROIs = static_cast<std::uint32_t>(cells.size());
+  stats->horizontal_num = grid.columns;
+  stats->vertical_num = grid.rows;
+  std::fill_n(stats->channelGainThreshold, 4, 16000 + view.request());
+  stats->BLStretchFactor = asFloat(16383.0 / (16383 - 1024));
+  const auto samples =
+      static_cast<std::uint16_t>(kSensorWidth / grid.columns * (kSensorHeight / grid.rows) / 4);
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (paired) {
+      stats->pairs[i] = regionPair(cells[i], view.gain(), samples);
+    } else {
+      stats->regions[i] = region(cells[i], view.gain(), samples);
+    }
+  }
+  Bytes bytes(kHeaderSize + cells.size() * (paired ? sizeof(BGRegionPair) : sizeof(BGRegionStats)));
+  std::memcpy(bytes.data(), stats.get(), bytes.size());
+  return bytes;
+}
+
+// --- The parsed statistics of both streams
+
+constexpr std::size_t kPreviewSize =
+    kHeaderSize + std::size_t{kPreviewGrid.columns} * kPreviewGrid.rows * sizeof(BGRegionStats);
+
+Bytes parsedStats(const View& view) {
+  Bytes both = statistics(view, kPreviewGrid, /*paired=*/false);
+  const Bytes snapshot = statistics(view, kSnapshotGrid, /*paired=*/true);
+  both.insert(both.end(), snapshot.begin(), snapshot.end());
+  return both;
+}
+
+void runParsedStats(const Call& call) {
+  call.simulation.SimulationForAWBParsedStatsOutput(call.info, &call.data[0], call.request,
+                                                    call.camera, "preview");
+  call.simulation.SimulationForAWBParsedStatsOutput(call.info, &call.data[kPreviewSize],
+                                                    call.request, call.camera, "snapshot");
+}
+
+/// The second block of a pair gets the first of the pair after it, the last one zeros.
+Bytes replayedParsedStats(const Bytes& recorded, const Bytes& live) {
+  Bytes result = recorded;
+  std::copy_n(live.begin(), kHeaderSize, result.begin());
+  std::copy_n(&live[kPreviewSize], kHeaderSize, &result[kPreviewSize]);
+  for (std::size_t at = kPreviewSize + kHeaderSize; at < result.size();) {
+    auto pair = structureIn<BGRegionPair>(recorded, at);
+    const std::size_t next = at + sizeof pair;
+    pair.second =
+        next < result.size() ? structureIn<BGRegionStats>(recorded, next) : BGRegionStats{};
+    std::memcpy(&result[at], &pair, sizeof pair);
+    at = next;
+  }
+  return result;
+}
+
+// --- The statistics and their configuration for white balance after the capture
+
+Bytes offlineStats(const View& view) {
+  Bytes both = bytesOf(ispStatsConfig(view, kSnapshotGrid));
+  const Bytes stats = statistics(view, kSnapshotGrid, /*paired=*/false);
+  both.insert(both.end(), stats.begin(), stats.end());
+  return both;
+}
+
+void runOfflineStats(const Call& call) {
+  call.simulation.SimulationForOfflineAWBBGStats(call.info, &call.data[sizeof(IspStatsConfig)],
+                                                 call.data.data(), call.request, call.camera);
+}
+
+Bytes keepHeader(const Bytes& recorded, const Bytes& live) {
+  Bytes result = recorded;
+  std::copy_n(&live[sizeof(IspStatsConfig)], kHeaderSize, &result[sizeof(IspStatsConfig)]);
+  return result;
+}
+
+}  // namespace
+
+std::vector<Record> awbStatsRecords() {
+  return {
+      {"ParsedStatsOutput",
+       {"simulation_AWB_ParsedAWBStatsOutput_preview_camId[#].xml",
+        "simulation_AWB_ParsedAWBStatsOutput_snapshot_camId[#].xml"},
+       parsedStats,
+       runParsedStats,
+       {replayedParsedStats, "the headers, which stay live, and second blocks: the next region"},
+       {nullptr, kReplaySuccess}},
+      {"OfflineAWBBGStats",
+       {"simulation_OfflineAWB_ParsedAWBStatsOutput_camId[#].xml",
+        "simulation_OfflineAWB_ISPAWBBGStatsConfig_camId[#].bin"},
+       offlineStats,
+       runOfflineStats,
+       {keepHeader, "the header, which stays live"},
+       {nullptr, kReplaySuccess},
+       Record::kFirstOfBurst},
+  };
+}
+
+}  // namespace capture

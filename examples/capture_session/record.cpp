@@ -1,0 +1,84 @@
+#include "record.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+#include "data_folder.h"
+
+namespace capture {
+namespace {
+
+std::string fileName(const std::string& pattern, unsigned camera, unsigned number) {
+  std::string name;
+  for (const char c : pattern) {
+    name += c == '#' ? std::to_string(camera) : c == '@' ? std::to_string(number) : std::string{c};
+  }
+  return name;
+}
+
+}  // namespace
+
+std::string requestFolder(const View& view) {
+  return "tmp/RequestID[" + std::to_string(view.request()) + "]_camId[" +
+         std::to_string(view.camera()) + "]";
+}
+
+std::string burstFolder(const View& view) {
+  constexpr unsigned kBurst = 4;  // requests
+  char name[32];
+  std::snprintf(name, sizeof name, "BURST_%06u", view.index() / kBurst * kBurst);
+  return name;
+}
+
+std::vector<std::string> filesOf(const Record& record, const View& view, const std::string& folder,
+                                 unsigned number) {
+  const std::string prefix = folder.empty() ? "" : folder + "/";
+  std::vector<std::string> files;
+  for (const std::string& pattern : record.files) {
+    files.push_back(prefix + fileName(pattern, view.camera(), number));
+  }
+  return files;
+}
+
+std::vector<std::string> logLines(const char* pattern, const std::vector<std::string>& files) {
+  if (!pattern) return {};
+  const std::string text = pattern;
+  const std::size_t star = text.find('*');
+  const std::string extension = text.substr(star + 1, 4);
+  std::vector<std::string> lines;
+  for (const std::string& file : files) {
+    if (file.compare(file.size() - 4, 4, extension) != 0) continue;
+    lines.push_back(text.substr(0, star) + kCameraData + "/" + file + text.substr(star + 5));
+  }
+  return lines;
+}
+
+void copy(Rgb color, float (&to)[3]) {
+  to[0] = asFloat(color.r);
+  to[1] = asFloat(color.g);
+  to[2] = asFloat(color.b);
+}
+
+float throughText(float value, const char* format) {
+  char text[64];
+  std::snprintf(text, sizeof text, format, double{value});
+  return std::strtof(text, nullptr);
+}
+
+void passThroughText(Bytes* bytes, std::size_t offset, std::size_t count, const char* format) {
+  for (std::size_t i = 0; i < count; ++i, offset += sizeof(float)) {
+    const float value = throughText(structureIn<float>(*bytes, offset), format);
+    std::memcpy(bytes->data() + offset, &value, sizeof value);
+  }
+}
+
+std::vector<Record> allRecords() {
+  std::vector<Record> all;
+  for (const auto& family : {aeRecords, awbRecords, awbStatsRecords}) {
+    for (Record& record : family()) all.push_back(std::move(record));
+  }
+  return all;
+}
+
+}  // namespace capture
