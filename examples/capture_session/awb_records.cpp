@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <iterator>
 
+#include "faces.h"
 #include "isp_config.h"
 #include "record.h"
 
@@ -18,57 +19,6 @@ template <SizedOperation operation>
 void runSized(const Call& call) {
   (call.simulation.*operation)(call.info, call.data.data(), call.data.size(), call.request,
                                call.camera);
-}
-
-// --- Face regions of interest
-
-struct Face {
-  float left, top, right, bottom;  // fractions of the frame
-  float confidence;                // 1 for the colour of skin itself
-  float color[3];                  // sensor readings
-  std::uint32_t reserved[14];
-};
-
-struct FaceRoi {
-  std::uint64_t frameBuffer;  // means something in the recording process only
-  std::uint32_t request, camera, count, reserved;
-  Face faces[20];
-};
-static_assert(sizeof(FaceRoi) == 1784 && offsetof(FaceRoi, frameBuffer) == 0);
-
-/// 1 for the chromaticity of skin, 0 far from it, for a balanced colour.
-double skinLikeness(Rgb color) {
-  if (color.g < 0.01) return 0;
-  const double red = color.r / color.g - 1.6, blue = color.b / color.g - 0.75;
-  return std::max(0.0, 1 - 2 * std::hypot(red, blue));
-}
-
-Bytes faceRoi(const View& view) {
-  constexpr int kColumns = 16, kRows = 12;
-  FaceRoi roi = {view.frameBuffer(), view.request(), view.camera(), 0, 0, {}};
-  const WhiteBalance balance = view.whiteBalance();
-  for (int cell = 0; cell < kColumns * kRows && roi.count < std::size(roi.faces); ++cell) {
-    const Box box = gridCell(cell % kColumns, cell / kColumns, kColumns, kRows);
-    const Rgb color = view.mean(box);
-    const double likeness = skinLikeness(color * Rgb{balance.redGain, 1, balance.blueGain});
-    if (likeness < 0.5) continue;
-    Face& face = roi.faces[roi.count++];
-    face = {asFloat(box.left),
-            asFloat(box.top),
-            asFloat(box.right),
-            asFloat(box.bottom),
-            asFloat(likeness),
-            {},
-            {}};
-    copy(color, face.color);
-  }
-  return bytesOf(roi);
-}
-
-Bytes keepFrameBuffer(const Bytes& recorded, const Bytes& live) {
-  Bytes result = recorded;
-  std::copy_n(live.begin(), sizeof FaceRoi::frameBuffer, result.begin());
-  return result;
 }
 
 // --- Configuration of the Bayer-grid statistics, one for each stream
@@ -253,7 +203,7 @@ std::vector<Record> awbRecords() {
        {"simulation_AWB_FaceROI_camId[#].bin"},
        faceRoi,
        run<&Simulation::SimulationForAWBFaceROI>,
-       {keepFrameBuffer, "the first 8 bytes, a pointer, which stay live"}},
+       {keepFrameBuffer, kFrameBufferStays}},
       {"ISPStatsConfig",
        {"simulation_AWB_ISPAWBBGStatsConfig_preview_camId[#].bin",
         "simulation_AWB_ISPAWBBGStatsConfig_snapshot_camId[#].bin"},
@@ -285,7 +235,7 @@ std::vector<Record> awbRecords() {
        {"simulation_AWB_ExtExposure_camId[#].xml"},
        extExposure,
        run<&Simulation::SimulationForAWBExtExposure>,
-       {atEightDigits, "the 9th digit of some floats, which the text does not hold"}},
+       {atEightDigits, kNinthDigit}},
   };
 }
 

@@ -75,7 +75,7 @@ void passThroughText(Bytes* bytes, std::size_t offset, std::size_t count, const 
 
 std::vector<Record> allRecords() {
   std::vector<Record> all;
-  for (const auto& family : {aeRecords, awbRecords, awbStatsRecords}) {
+  for (const auto& family : {aeRecords, awbRecords, awbStatsRecords, qsegRecords, zoawbRecords}) {
     for (Record& record : family()) all.push_back(std::move(record));
   }
   return all;

@@ -69,6 +69,7 @@ struct Record {
   enum { kRequest, kFirstOfBurst, kLastOfBurst, kEachOfBurst } place = kRequest;
 };
 
+inline constexpr char kNinthDigit[] = "the 9th digit of some floats, which the text does not hold";
 inline constexpr char kDumpSuccess[] = "dump *.xml success";
 inline constexpr char kReplaySuccess[] = "readback *.xml success";
 
@@ -77,6 +78,8 @@ std::vector<Record> allRecords();
 std::vector<Record> aeRecords();
 std::vector<Record> awbRecords();
 std::vector<Record> awbStatsRecords();
+std::vector<Record> qsegRecords();
+std::vector<Record> zoawbRecords();
 
 /// Where the dumps of a view's request and camera go, below kCameraData, and
 /// those of its burst.

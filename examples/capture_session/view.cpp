@@ -27,7 +27,23 @@ double exposureGain(const Scene& scene, Rgb light, unsigned index) {
   return std::clamp(aim, kMinGain, kMaxGain) * (1 + 0.25 * std::sin(index * 0.11));
 }
 
+constexpr Rgb kFloor = {1e-6, 1e-6, 1e-6};  // a black frame counts as grey
+
 }  // namespace
+
+Chromaticity chromaticityOf(Rgb color) {
+  const Rgb c = color + kFloor;
+  const double x = 0.4124564 * c.r + 0.3575761 * c.g + 0.1804375 * c.b;
+  const double y = 0.2126729 * c.r + 0.7151522 * c.g + 0.0721750 * c.b;
+  const double z = 0.0193339 * c.r + 0.1191920 * c.g + 0.9503041 * c.b;
+  return {x / (x + y + z), y / (x + y + z)};
+}
+
+/// McCamy's approximation.
+double temperatureOf(Chromaticity color) {
+  const double n = (color.x - 0.3320) / (0.1858 - color.y);
+  return std::clamp(((449 * n + 3525) * n + 6823.3) * n + 5520.33, 1500.0, 15000.0);
+}
 
 View::View(const Scene& scene, Rgb light, unsigned index, unsigned camera)
     : scene_(scene),
@@ -47,11 +63,16 @@ Rgb View::mean(const Box& box) const {
   return onSensor(color, (box.left + box.right) / 2, (box.top + box.bottom) / 2);
 }
 
-Rgb View::onSensor(Rgb sceneColor, double u, double v) const {
+double View::transmission(double u, double v) const {
   const Lens& lens = kLenses[camera_];
   const double fromCentre = 2 * ((u - 0.5) * (u - 0.5) + (v - 0.5) * (v - 0.5));
-  const double transmission = lens.brightness * (1 - lens.vignetting * fromCentre);
-  return clipped(sceneColor * light_ * kSensorResponse * (gain_ * transmission));
+  return lens.brightness * (1 - lens.vignetting * fromCentre);
+}
+
+Rgb View::grey() const { return light_ * kSensorResponse; }
+
+Rgb View::onSensor(Rgb sceneColor, double u, double v) const {
+  return clipped(sceneColor * grey() * (gain_ * transmission(u, v)));
 }
 
 std::vector<Rgb> View::grid(int columns, int rows) const {
@@ -66,17 +87,9 @@ std::vector<Rgb> View::grid(int columns, int rows) const {
 }
 
 WhiteBalance View::whiteBalance() const {
-  const Rgb floor = {1e-6, 1e-6, 1e-6};  // a black frame counts as grey
-  const Rgb raw = mean(Box()) + floor * kSensorResponse;
-  const double r = raw.r / kSensorResponse.r, g = raw.g, b = raw.b / kSensorResponse.b;
-  const double x = 0.4124564 * r + 0.3575761 * g + 0.1804375 * b;
-  const double y = 0.2126729 * r + 0.7151522 * g + 0.0721750 * b;
-  const double z = 0.0193339 * r + 0.1191920 * g + 0.9503041 * b;
-  // McCamy's approximation, from the chromaticity; kept where it means something.
-  const double sum = x + y + z;
-  const double n = (x / sum - 0.3320) / (0.1858 - y / sum);
-  const double temperature = ((449 * n + 3525) * n + 6823.3) * n + 5520.33;
-  return {raw.g / raw.r, raw.g / raw.b, std::clamp(temperature, 1500.0, 15000.0)};
+  const Rgb raw = mean(Box()) + kFloor * kSensorResponse;
+  const Rgb seen = {raw.r / kSensorResponse.r, raw.g, raw.b / kSensorResponse.b};
+  return {raw.g / raw.r, raw.g / raw.b, temperatureOf(chromaticityOf(seen))};
 }
 
 std::uint64_t View::frameBuffer() const {

@@ -16,7 +16,18 @@ inline constexpr unsigned kMaxCameras = 6;
 struct WhiteBalance {
   double redGain, blueGain;  // that make the mean colour grey
   double temperature;        // correlated colour temperature, kelvin
+
+  Rgb gains() const { return {redGain, 1, blueGain}; }
 };
+
+struct Chromaticity {
+  double x, y;
+};
+
+Chromaticity chromaticityOf(Rgb color);
+
+/// The correlated colour temperature, kept where it means something.
+double temperatureOf(Chromaticity color);
 
 class View {
  public:
@@ -38,6 +49,15 @@ class View {
   double shakeY() const { return shakeY_; }
 
   WhiteBalance whiteBalance() const;
+
+  /// What the sensor makes of a grey surface under the light, unexposed.
+  Rgb grey() const;
+
+  /// The mean of all that is in front of the device: the same for every camera.
+  Rgb ambient() const { return scene_.mean(Box()) * light_; }
+
+  /// What the lens lets through at a place of the frame.
+  double transmission(double u, double v) const;
 
   /// Where the pipeline of this process keeps the frame: a pointer that means
   /// nothing in another process or for another frame.
