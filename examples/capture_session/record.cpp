@@ -75,7 +75,8 @@ void passThroughText(Bytes* bytes, std::size_t offset, std::size_t count, const 
 
 std::vector<Record> allRecords() {
   std::vector<Record> all;
-  for (const auto& family : {aeRecords, awbRecords, awbStatsRecords, qsegRecords, zoawbRecords}) {
+  for (const auto& family : {aeRecords, awbRecords, awbStatsRecords, qsegRecords, zoawbRecords,
+                             faceRecords, lscRecords, acbRecords}) {
     for (Record& record : family()) all.push_back(std::move(record));
   }
   return all;

@@ -80,6 +80,9 @@ std::vector<Record> awbRecords();
 std::vector<Record> awbStatsRecords();
 std::vector<Record> qsegRecords();
 std::vector<Record> zoawbRecords();
+std::vector<Record> faceRecords();
+std::vector<Record> lscRecords();
+std::vector<Record> acbRecords();
 
 /// Where the dumps of a view's request and camera go, below kCameraData, and
 /// those of its burst.

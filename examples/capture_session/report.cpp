@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 
@@ -38,6 +39,10 @@ void printTable(const std::vector<Result>& results) {
     std::printf("%-18s %9" PRIu64 " %12" PRIu64 "  %s\n", result.record.c_str(), result.files,
                 result.bytes, result.replayed.c_str());
   }
+  const auto asExpected = std::count_if(results.begin(), results.end(), [](const Result& result) {
+    return result.replayed.rfind("identical", 0) == 0;
+  });
+  std::printf("%td of %zu records replayed as expected.\n", asExpected, results.size());
 }
 
 void printSummary(const Options& options, const Session& session) {
@@ -47,6 +52,9 @@ void printSummary(const Options& options, const Session& session) {
   std::printf("Error lines in the library's log: %" PRIu64
               " expected (some successes are logged so), %" PRIu64 " problems.\n",
               session.expectedLogLines(), session.problems().count);
+  std::printf(
+      "Requests share folders in bursts: offline statistics are those of the first of a burst,\n"
+      "what ACB sees that of the last; lens shading tables are numbered, the last was replayed.\n");
   const bool slash = options.data.back() == '/';
   std::printf(
       "The files are in %s; one to look at:\n  %s%s%s/simulation_AWB_ExtExposure_camId[0].xml\n",
