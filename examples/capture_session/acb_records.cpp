@@ -61,9 +61,9 @@ void runImage(const Call& call) {
   call.simulation.SimulationForACB(call.info, &planes, call.request, call.camera);
 }
 
-/// The hands turn the device a quarter with each request.
+/// The hands keep turning the device.
 Bytes orientation(const View& view) {
-  return bytesOf(AcbDeviceOrientation{view.request(), static_cast<int>(view.index() % 4) * 90});
+  return bytesOf(AcbDeviceOrientation{view.request(), static_cast<int>(view.index() % 12) * 30});
 }
 
 Bytes replayedOrientation(const Bytes& recorded, const Bytes& live) {

@@ -25,7 +25,7 @@ std::string requestFolder(const View& view) {
 }
 
 std::string burstFolder(const View& view) {
-  constexpr unsigned kBurst = 4;  // requests
+  constexpr unsigned kBurst = 6;  // requests
   char name[32];
   std::snprintf(name, sizeof name, "BURST_%06u", view.index() / kBurst * kBurst);
   return name;

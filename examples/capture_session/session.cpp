@@ -23,16 +23,33 @@ std::string placeOf(const Record& record, const View& view) {
 
 fs::path inData(const std::string& file) { return fs::path(kCameraData) / file; }
 
-/// Appends what the file holds. Returns its size; 0 when it can't be read.
-std::size_t appendContent(const fs::path& path, Bytes* content) {
+/// 0 when there is no such file.
+std::uint64_t sizeOf(const fs::path& path) {
   std::error_code error;
   const auto size = fs::file_size(path, error);
-  std::ifstream file(path, std::ios::binary);
-  if (error || !file) return 0;
+  return error ? 0 : size;
+}
+
+void appendContent(const fs::path& path, Bytes* content) {
   const std::size_t end = content->size();
-  content->resize(end + size);
-  file.read(reinterpret_cast<char*>(content->data() + end), static_cast<std::streamsize>(size));
-  return static_cast<std::size_t>(file.gcount());
+  content->resize(end + sizeOf(path));
+  std::ifstream(path, std::ios::binary)
+      .read(reinterpret_cast<char*>(content->data() + end),
+            static_cast<std::streamsize>(content->size() - end));
+}
+
+/// What its binary files hold is the beginning of `data`, all of it where there
+/// are no others.
+bool filesHold(const Bytes& data, const std::vector<std::string>& files) {
+  Bytes content;
+  bool all = true;
+  for (const std::string& file : files) {
+    const bool binary = fs::path(file).extension() == ".bin";
+    if (binary) appendContent(inData(file), &content);
+    all = all && binary;
+  }
+  return content.size() <= data.size() && (!all || content.size() == data.size()) &&
+         std::equal(content.begin(), content.end(), data.begin());
 }
 
 /// A replayed request is of no burst of the session.
@@ -122,19 +139,17 @@ void Session::checkDump(const Record& record, const View& view, const Bytes& dat
   const bool kept =
       record.place != Record::kFirstOfBurst || keptOf(record, view).index == view.index();
   if (!kept) return;
-  Bytes binary, xml;
   const auto files = dumpedFiles(record, view);
+  std::uint64_t bytes = 0;
   for (const std::string& file : files) {
-    const fs::path path = inData(file);
-    if (appendContent(path, path.extension() == ".bin" ? &binary : &xml) == 0) {
-      return problems_.add("no file for " + placeOf(record, view));
-    }
+    const std::uint64_t size = sizeOf(inData(file));
+    if (size == 0) return problems_.add("no file for " + placeOf(record, view));
+    bytes += size;
   }
-  const bool whole = xml.empty() ? binary.size() == data.size() : binary.size() <= data.size();
-  if (!whole || !std::equal(binary.begin(), binary.end(), data.begin())) {
+  if (!filesHold(data, files)) {
     problems_.add("wrong bytes in the file for " + placeOf(record, view));
   }
-  count(record, view, files.size(), binary.size() + xml.size(), result);
+  count(record, view, files.size(), bytes, result);
 }
 
 /// A file that was rewritten is still one.
