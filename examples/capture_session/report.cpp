@@ -36,8 +36,8 @@ void printHeader(const Options& options, const Scene& scene) {
 void printTable(const std::vector<Result>& results) {
   std::printf("%-18s %9s %12s  %s\n", "record", "files", "bytes", "replayed");
   for (const Result& result : results) {
-    std::printf("%-18s %9" PRIu64 " %12" PRIu64 "  %s\n", result.record.c_str(), result.files,
-                result.bytes, result.replayed.c_str());
+    std::printf("%-18s %9" PRIu64 " %12" PRIu64 "  %s\n", result.record.c_str(),
+                result.dumped.files, result.dumped.bytes, result.replayed.c_str());
   }
   const auto asExpected = std::count_if(results.begin(), results.end(), [](const Result& result) {
     return result.replayed.rfind("identical", 0) == 0;

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include "data_folder.h"
@@ -19,37 +17,6 @@ constexpr std::uint32_t kDump = 0, kReadback = 1;
 std::string placeOf(const Record& record, const View& view) {
   return std::string(record.name) + " of request " + std::to_string(view.request()) + ", camera " +
          std::to_string(view.camera());
-}
-
-fs::path inData(const std::string& file) { return fs::path(kCameraData) / file; }
-
-/// 0 when there is no such file.
-std::uint64_t sizeOf(const fs::path& path) {
-  std::error_code error;
-  const auto size = fs::file_size(path, error);
-  return error ? 0 : size;
-}
-
-void appendContent(const fs::path& path, Bytes* content) {
-  const std::size_t end = content->size();
-  content->resize(end + sizeOf(path));
-  std::ifstream(path, std::ios::binary)
-      .read(reinterpret_cast<char*>(content->data() + end),
-            static_cast<std::streamsize>(content->size() - end));
-}
-
-/// What its binary files hold is the beginning of `data`, all of it where there
-/// are no others.
-bool filesHold(const Bytes& data, const std::vector<std::string>& files) {
-  Bytes content;
-  bool all = true;
-  for (const std::string& file : files) {
-    const bool binary = fs::path(file).extension() == ".bin";
-    if (binary) appendContent(inData(file), &content);
-    all = all && binary;
-  }
-  return content.size() <= data.size() && (!all || content.size() == data.size()) &&
-         std::equal(content.begin(), content.end(), data.begin());
 }
 
 /// A replayed request is of no burst of the session.
@@ -75,10 +42,9 @@ View Session::replayedView(unsigned camera) const {
 }
 
 /// The request whose dump the replayed request finds: one of its burst where they share a file.
-View Session::recordedView(const Record& record, unsigned camera) {
+View Session::recordedView(const Record& record, unsigned camera) const {
   const View view = replayedView(camera);
-  if (record.place == Record::kRequest) return view;
-  return View(scene_, light_, keptOf(record, view).index, camera);
+  return View(scene_, light_, dumps_.keptIndex(record, view), camera);
 }
 
 void Session::run(const Record& record, std::uint32_t mode, const View& view, Bytes* data) {
@@ -86,8 +52,9 @@ void Session::run(const Record& record, std::uint32_t mode, const View& view, By
   SimulationInfo info = {{}, folder.c_str(), mode};
   record.run({*SimulationMgr::getInstance(), &info, *data, view.request(), view.camera()});
   checkLog(record, view,
-           mode == kDump ? logLines(record.log.dump, dumpedFiles(record, view))
-                         : logLines(record.log.replay, filesOf(record, view, "")));
+           mode == kDump
+               ? logLines(record.log.dump, dumps_.files(record, view, requestFolder(view)))
+               : logLines(record.log.replay, filesOf(record, view, "")));
 }
 
 /// Every error line is a problem, but for those that are `expected` and must be there.
@@ -112,58 +79,12 @@ void Session::record(unsigned index) {
     const View view(scene_, light_, index, camera);
     for (std::size_t i = 0; i < records_.size(); ++i) {
       Bytes data = records_[i].compute(view);
-      noteDump(records_[i], view);
+      dumps_.add(records_[i], view);
       run(records_[i], kDump, view, &data);
-      checkDump(records_[i], view, data, &results_[i]);
+      const std::string problem = dumps_.check(records_[i], view, data, &results_[i].dumped);
+      if (!problem.empty()) problems_.add(problem + placeOf(records_[i], view));
     }
   }
-}
-
-Session::Kept& Session::keptOf(const Record& record, const View& view) {
-  return kept_[record.name + burstFolder(view) + std::to_string(view.camera())];
-}
-
-/// The files of the newest dump of the request, or of its burst.
-std::vector<std::string> Session::dumpedFiles(const Record& record, const View& view) {
-  if (record.place == Record::kRequest) return filesOf(record, view, requestFolder(view));
-  return filesOf(record, view, burstFolder(view), keptOf(record, view).dumps - 1);
-}
-
-void Session::noteDump(const Record& record, const View& view) {
-  if (record.place == Record::kRequest) return;
-  Kept& kept = keptOf(record, view);
-  if (kept.dumps++ == 0 || record.place != Record::kFirstOfBurst) kept.index = view.index();
-}
-
-void Session::checkDump(const Record& record, const View& view, const Bytes& data, Result* result) {
-  const bool kept =
-      record.place != Record::kFirstOfBurst || keptOf(record, view).index == view.index();
-  if (!kept) return;
-  const auto files = dumpedFiles(record, view);
-  std::uint64_t bytes = 0;
-  for (const std::string& file : files) {
-    const std::uint64_t size = sizeOf(inData(file));
-    if (size == 0) return problems_.add("no file for " + placeOf(record, view));
-    bytes += size;
-  }
-  if (!filesHold(data, files)) {
-    problems_.add("wrong bytes in the file for " + placeOf(record, view));
-  }
-  count(record, view, files.size(), bytes, result);
-}
-
-/// A file that was rewritten is still one.
-void Session::count(const Record& record, const View& view, std::size_t files, std::uint64_t bytes,
-                    Result* result) {
-  result->files += files;
-  result->bytes += bytes;
-  if (record.place != Record::kLastOfBurst) return;
-  Kept& kept = keptOf(record, view);
-  if (kept.dumps > 1) {
-    result->files -= files;
-    result->bytes -= kept.bytes;
-  }
-  kept.bytes = bytes;
 }
 
 void Session::replay(Rgb otherLight) {
@@ -180,10 +101,11 @@ void Session::replay(Rgb otherLight) {
 /// A file that is numbered in its folder gets the number that the replay asks
 /// for, which counts from 0 again.
 void Session::putInPlace(const Record& record, const View& view) {
-  const auto from = dumpedFiles(record, view), to = filesOf(record, view, "");
+  const auto from = dumps_.files(record, view, requestFolder(view)), to = filesOf(record, view, "");
   for (std::size_t i = 0; i < from.size(); ++i) {
     std::error_code error;
-    fs::copy_file(inData(from[i]), inData(to[i]), fs::copy_options::overwrite_existing, error);
+    fs::copy_file(fs::path(kCameraData) / from[i], fs::path(kCameraData) / to[i],
+                  fs::copy_options::overwrite_existing, error);
     if (error) problems_.add("copying " + from[i] + ": " + error.message());
   }
 }

@@ -6,10 +6,10 @@
 #include <simulation/simulation.h>
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "dumps.h"
 #include "record.h"
 #include "scene.h"
 
@@ -18,7 +18,7 @@ namespace capture {
 /// What became of one record in all requests and cameras.
 struct Result {
   std::string record;
-  std::uint64_t files = 0, bytes = 0;
+  Written dumped;
   std::string replayed = "not replayed";
 };
 
@@ -50,20 +50,7 @@ class Session {
   View replayedView(unsigned camera) const;
 
  private:
-  /// What the requests of a burst left in the folder that they share, for one
-  /// record and camera.
-  struct Kept {
-    unsigned dumps = 0, index = 0;  // `index` of the request whose dump is kept
-    std::uint64_t bytes = 0;
-  };
-
-  Kept& keptOf(const Record& record, const View& view);
-  void noteDump(const Record& record, const View& view);
-  std::vector<std::string> dumpedFiles(const Record& record, const View& view);
-  void count(const Record& record, const View& view, std::size_t files, std::uint64_t bytes,
-             Result* result);
-  View recordedView(const Record& record, unsigned camera);
-  void checkDump(const Record& record, const View& view, const Bytes& data, Result* result);
+  View recordedView(const Record& record, unsigned camera) const;
   void putInPlace(const Record& record, const View& view);
   void replayRecord(const Record& record, const View& recordedView, const View& liveView,
                     Result* result);
@@ -75,7 +62,7 @@ class Session {
   unsigned requests_, cameras_;
   std::vector<Record> records_;
   std::vector<Result> results_;
-  std::map<std::string, Kept> kept_;
+  Dumps dumps_;
   Problems problems_;
   std::uint64_t expectedLogLines_ = 0;
 };
