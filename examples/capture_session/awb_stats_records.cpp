@@ -14,24 +14,25 @@ namespace {
 
 constexpr std::size_t kHeaderSize = offsetof(BayerGridOutput, regions);
 
-/// `samples` of each channel; what is left of the signal in the dark grows with gain.
-BGRegionStats region(Rgb color, double gain, std::uint16_t samples) {
-  BGRegionStats stats = {};
+/// Fills in a region of `samples` of each channel; in place, so that the gap
+/// behind it stays zero. What is left of the signal in the dark grows with gain.
+void measure(Rgb color, double gain, std::uint16_t samples, BGRegionStats* region) {
   const auto sum = [&](double value) {
     return static_cast<std::uint64_t>((value * 16383 + 0.5 * gain) * samples);
   };
-  stats.RSum = sum(color.r);
-  stats.BSum = sum(color.b);
-  stats.GRorGSum = stats.GBSum = sum(color.g);
-  stats.YSum = sum(luma(color));
-  stats.RCount = stats.BCount = stats.GRorGCount = stats.GBCount = stats.YCount = samples;
-  return stats;
+  region->RSum = sum(color.r);
+  region->BSum = sum(color.b);
+  region->GRorGSum = region->GBSum = sum(color.g);
+  region->YSum = sum(luma(color));
+  region->RCount = region->BCount = region->YCount = samples;
+  region->GRorGCount = region->GBCount = samples;
 }
 
 /// The second block of a pair tells of the clipped samples.
-BGRegionPair regionPair(Rgb color, double gain, std::uint16_t samples) {
+void measure(Rgb color, double gain, std::uint16_t samples, BGRegionPair* pair) {
   const bool clipped = std::max({color.r, color.g, color.b}) > 0.97;
-  return {region(color, gain, samples), region(color, gain, clipped ? samples : std::uint16_t{0})};
+  measure(color, gain, samples, &pair->first);
+  measure(color, gain, clipped ? samples : std::uint16_t{0}, &pair->second);
 }
 
 Bytes statistics(const View& view, const Grid& grid, bool paired) {
@@ -47,9 +48,9 @@ Bytes statistics(const View& view, const Grid& grid, bool paired) {
       static_cast<std::uint16_t>(kSensorWidth / grid.columns * (kSensorHeight / grid.rows) / 4);
   for (std::size_t i = 0; i < cells.size(); ++i) {
     if (paired) {
-      stats->pairs[i] = regionPair(cells[i], view.gain(), samples);
+      measure(cells[i], view.gain(), samples, &stats->pairs[i]);
     } else {
-      stats->regions[i] = region(cells[i], view.gain(), samples);
+      measure(cells[i], view.gain(), samples, &stats->regions[i]);
     }
   }
   Bytes bytes(kHeaderSize + cells.size() * (paired ? sizeof(BGRegionPair) : sizeof(BGRegionStats)));
@@ -81,13 +82,14 @@ Bytes replayedParsedStats(const Bytes& recorded, const Bytes& live) {
   Bytes result = recorded;
   std::copy_n(live.begin(), kHeaderSize, result.begin());
   std::copy_n(&live[kPreviewSize], kHeaderSize, &result[kPreviewSize]);
-  for (std::size_t at = kPreviewSize + kHeaderSize; at < result.size();) {
-    auto pair = structureIn<BGRegionPair>(recorded, at);
-    const std::size_t next = at + sizeof pair;
-    pair.second =
-        next < result.size() ? structureIn<BGRegionStats>(recorded, next) : BGRegionStats{};
-    std::memcpy(&result[at], &pair, sizeof pair);
-    at = next;
+  constexpr std::size_t kPair = sizeof(BGRegionPair);
+  for (std::size_t at = kPreviewSize + kHeaderSize; at < result.size(); at += kPair) {
+    const auto second = result.begin() + std::ptrdiff_t(at + offsetof(BGRegionPair, second));
+    if (at + kPair < result.size()) {
+      std::copy_n(&recorded[at + kPair], sizeof(BGRegionStats), second);
+    } else {
+      std::fill_n(second, sizeof(BGRegionStats), std::uint8_t{0});
+    }
   }
   return result;
 }

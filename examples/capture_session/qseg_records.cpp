@@ -86,8 +86,8 @@ double shareOf(const Extent& extent) {
 }
 
 /// The parts are the upper, middle and lower third.
-QSegInstInfo instance(const View& view, std::size_t label, const Extent& extent) {
-  QSegInstInfo info = {};
+void describe(const View& view, std::size_t label, const Extent& extent, QSegInstInfo* instance) {
+  QSegInstInfo& info = *instance;
   info.requestId = view.request();
   info.ID = static_cast<std::int32_t>(label);
   info.roi = rect(extent.left, extent.top, extent.right, extent.bottom);
@@ -98,7 +98,6 @@ QSegInstInfo instance(const View& view, std::size_t label, const Extent& extent)
   for (int i = 0; i < 3; ++i) {
     info.partROIs[i] = rect(extent.left, third(i), extent.right, third(i + 1));
   }
-  return info;
 }
 
 Bytes qsegImage(const View& view) {
@@ -111,7 +110,7 @@ Bytes qsegImage(const View& view) {
   const Extents extents = drawLabels(view, image->qsegStatsInfo);
   for (std::size_t label = 0; label < kLabels; ++label) {
     if (extents[label].cells == 0) continue;
-    image->qsegInstInfos[image->qsegInstCount++] = instance(view, label, extents[label]);
+    describe(view, label, extents[label], &image->qsegInstInfos[image->qsegInstCount++]);
   }
   const auto largest =
       std::max_element(extents.begin(), extents.end(),
