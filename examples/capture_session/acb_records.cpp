@@ -66,22 +66,23 @@ Bytes orientation(const View& view) {
   return bytesOf(AcbDeviceOrientation{view.request(), static_cast<int>(view.index() % 12) * 30});
 }
 
-Bytes replayedOrientation(const Bytes& recorded, const Bytes& live) {
-  Bytes result = recorded;
-  std::copy_n(live.begin(), sizeof AcbDeviceOrientation::unread, result.begin());
-  return result;
-}
-
 }  // namespace
 
 std::vector<Record> acbRecords() {
   return {
-      {"ACB", {"simulation_ACB_acb_camId[#].bin"}, image, runImage, {}, {}, Record::kLastOfBurst},
+      {"ACB",
+       {"simulation_ACB_acb_camId[#].bin"},
+       image,
+       runImage,
+       {},
+       {},
+       Record::kLastOfBurst,
+       kLarge},
       {"ACBdeviceOri",
        {"simulation_ACB_acb_orientation_camId[#].xml"},
        orientation,
        run<&Simulation::SimulationForACBdeviceOri>,
-       {replayedOrientation, "the first word, which stays live"},
+       {keepLive<0, sizeof AcbDeviceOrientation::unread>, "the first word, which stays live"},
        {},
        Record::kLastOfBurst},
   };

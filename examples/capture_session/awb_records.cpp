@@ -188,13 +188,6 @@ Bytes extExposure(const View& view) {
                              asFloat(adrcGain), asFloat(7 - std::log2(view.gain()))});
 }
 
-/// The text of an XML record holds eight significant digits of a float.
-Bytes atEightDigits(const Bytes& recorded, const Bytes&) {
-  Bytes result = recorded;
-  passThroughText(&result, 0, result.size() / sizeof(float), kXmlFormat);
-  return result;
-}
-
 }  // namespace
 
 std::vector<Record> awbRecords() {
@@ -203,7 +196,7 @@ std::vector<Record> awbRecords() {
        {"simulation_AWB_FaceROI_camId[#].bin"},
        faceRoi,
        run<&Simulation::SimulationForAWBFaceROI>,
-       {keepFrameBuffer, kFrameBufferStays}},
+       {keepLive<0, sizeof FaceRoi::frameBuffer>, kFrameBufferStays}},
       {"ISPStatsConfig",
        {"simulation_AWB_ISPAWBBGStatsConfig_preview_camId[#].bin",
         "simulation_AWB_ISPAWBBGStatsConfig_snapshot_camId[#].bin"},
@@ -235,7 +228,7 @@ std::vector<Record> awbRecords() {
        {"simulation_AWB_ExtExposure_camId[#].xml"},
        extExposure,
        run<&Simulation::SimulationForAWBExtExposure>,
-       {atEightDigits, kNinthDigit}},
+       {floatsThroughText<kXmlFormat, 0, sizeof(ExtExposure) / sizeof(float)>, kNinthDigit}},
   };
 }
 

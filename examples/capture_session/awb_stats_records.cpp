@@ -108,12 +108,6 @@ void runOfflineStats(const Call& call) {
                                                  call.data.data(), call.request, call.camera);
 }
 
-Bytes keepHeader(const Bytes& recorded, const Bytes& live) {
-  Bytes result = recorded;
-  std::copy_n(&live[sizeof(IspStatsConfig)], kHeaderSize, &result[sizeof(IspStatsConfig)]);
-  return result;
-}
-
 }  // namespace
 
 std::vector<Record> awbStatsRecords() {
@@ -124,15 +118,18 @@ std::vector<Record> awbStatsRecords() {
        parsedStats,
        runParsedStats,
        {replayedParsedStats, "the headers, which stay live, and second blocks: the next region"},
-       {nullptr, kReplaySuccess}},
+       {nullptr, kReplaySuccess},
+       Record::kRequest,
+       kLarge},
       {"OfflineAWBBGStats",
        {"simulation_OfflineAWB_ParsedAWBStatsOutput_camId[#].xml",
         "simulation_OfflineAWB_ISPAWBBGStatsConfig_camId[#].bin"},
        offlineStats,
        runOfflineStats,
-       {keepHeader, "the header, which stays live"},
+       {keepLive<sizeof(IspStatsConfig), kHeaderSize>, "the header, which stays live"},
        {nullptr, kReplaySuccess},
-       Record::kFirstOfBurst},
+       Record::kFirstOfBurst,
+       kLarge},
   };
 }
 

@@ -31,6 +31,10 @@ constexpr const char* kOwnPaths[] = {
     R"(tmp/RequestID\[*]_camId\[*]/simulation_*)",
     "BURST_[0-9][0-9][0-9][0-9][0-9][0-9]",
     "BURST_[0-9][0-9][0-9][0-9][0-9][0-9]/simulation_*",
+    "tmp_asd",
+    "tmp_asd/simulation_*",
+    "IMG_[0-9][0-9][0-9][0-9][0-9][0-9]",
+    "IMG_[0-9][0-9][0-9][0-9][0-9][0-9]/simulation_*",
 };
 
 bool isOwn(const fs::directory_entry& entry, const fs::path& folder) {
@@ -90,6 +94,11 @@ std::string prepare(const std::string& folder) {
   return problem;
 }
 
+std::string numbered(const char* name, unsigned number) {
+  const std::string digits = std::to_string(number);
+  return name + std::string(6 - digits.size(), '0') + digits;
+}
+
 }  // namespace
 
 std::string prepareDataFolder(const std::string& folder) {
@@ -98,6 +107,17 @@ std::string prepareDataFolder(const std::string& folder) {
   } catch (const fs::filesystem_error& error) {
     return error.path1().filename().string() + ": " + error.code().message();
   }
+}
+
+std::string requestFolder(unsigned request, unsigned camera) {
+  return "tmp/RequestID[" + std::to_string(request) + "]_camId[" + std::to_string(camera) + "]";
+}
+
+std::string imageFolder(unsigned index) { return numbered("IMG_", index); }
+
+std::string burstFolder(unsigned index) {
+  constexpr unsigned kBurst = 6;  // requests
+  return numbered("BURST_", index / kBurst * kBurst);
 }
 
 }  // namespace capture

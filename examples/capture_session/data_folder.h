@@ -14,4 +14,11 @@ inline constexpr char kCameraData[] = "/data/vendor/camera";
 /// Call it before the first thread starts, once in a process.
 std::string prepareDataFolder(const std::string& folder);
 
+/// Folders in it: of the dumps of a CamX request and camera, of the image whose
+/// first request has that index, and of the records that the requests of a burst
+/// share. The library makes all but the image's.
+std::string requestFolder(unsigned request, unsigned camera);
+std::string imageFolder(unsigned index);
+std::string burstFolder(unsigned index);
+
 }  // namespace capture

@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string keyOf(const Record& record, const View& view) {
-  return record.name + burstFolder(view) + std::to_string(view.camera());
+  return record.name + burstFolder(view.index()) + std::to_string(view.camera());
 }
 
 fs::path inData(const std::string& file) { return fs::path(kCameraData) / file; }
@@ -58,7 +58,7 @@ void Dumps::add(const Record& record, const View& view) {
 std::vector<std::string> Dumps::files(const Record& record, const View& view,
                                       const std::string& folder) const {
   if (record.place == Record::kRequest) return filesOf(record, view, folder);
-  return filesOf(record, view, burstFolder(view), kept_.at(keyOf(record, view)).dumps - 1);
+  return filesOf(record, view, burstFolder(view.index()), kept_.at(keyOf(record, view)).dumps - 1);
 }
 
 unsigned Dumps::keptIndex(const Record& record, const View& view) const {
@@ -69,7 +69,7 @@ unsigned Dumps::keptIndex(const Record& record, const View& view) const {
 std::string Dumps::check(const Record& record, const View& view, const Bytes& data,
                          Written* written) {
   if (keptIndex(record, view) != view.index()) return "";
-  const auto names = files(record, view, requestFolder(view));
+  const auto names = files(record, view, requestFolder(view.request(), view.camera()));
   std::uint64_t bytes = 0;
   for (const std::string& name : names) {
     const std::uint64_t size = sizeOf(inData(name));

@@ -58,7 +58,7 @@ std::vector<Record> faceRecords() {
        {"simulation_FACE_FaceROI_camId[#].bin"},
        faceRoi,
        run<&Simulation::SimulationForFDROIData>,
-       {keepFrameBuffer, kFrameBufferStays}},
+       {keepLive<0, sizeof FaceRoi::frameBuffer>, kFrameBufferStays}},
   };
 }
 

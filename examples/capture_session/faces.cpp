@@ -45,10 +45,4 @@ Bytes faceRoi(const View& view) {
   return bytesOf(roi);
 }
 
-Bytes keepFrameBuffer(const Bytes& recorded, const Bytes& live) {
-  Bytes result = recorded;
-  std::copy_n(live.begin(), sizeof FaceRoi::frameBuffer, result.begin());
-  return result;
-}
-
 }  // namespace capture

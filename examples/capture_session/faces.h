@@ -37,8 +37,7 @@ std::vector<Face> findFaces(const View& view, std::size_t most = kMaxFaces);
 
 Bytes faceRoi(const View& view);
 
-/// What a replay leaves of a FaceRoi.
-Bytes keepFrameBuffer(const Bytes& recorded, const Bytes& live);
+/// How a replayed FaceRoi differs from the recorded one.
 inline constexpr char kFrameBufferStays[] = "the first 8 bytes, a pointer, which stay live";
 
 }  // namespace capture

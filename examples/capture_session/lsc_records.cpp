@@ -38,12 +38,6 @@ void runGainTable(const Call& call) {
                                        /*ev=*/0);
 }
 
-Bytes atSixDecimals(const Bytes& recorded, const Bytes&) {
-  Bytes result = recorded;
-  passThroughText(&result, 0, kFloats, kFixedFormat);
-  return result;
-}
-
 }  // namespace
 
 std::vector<Record> lscRecords() {
@@ -52,7 +46,7 @@ std::vector<Record> lscRecords() {
        {"simulation_LSC[camera#]_index[@]_ev[0].xml"},
        gainTable,
        runGainTable,
-       {atSixDecimals, "gains at six decimals"},
+       {floatsThroughText<kFixedFormat, 0, kFloats>, "gains at six decimals"},
        {kDumpSuccess, nullptr},
        Record::kEachOfBurst},
   };

@@ -20,7 +20,8 @@ ExitStatus refuse(const std::string& what, const std::string& problem) {
 }
 
 ExitStatus report(const Options& options, const Session& session) {
-  printTable(session.results());
+  printTable(options, session.results());
+  printRuns(session.runTotals());
   printSummary(options, session);
   printProblems(session.problems());
   const bool shown = std::fflush(stdout) == 0 && !std::ferror(stdout);
@@ -30,10 +31,10 @@ ExitStatus report(const Options& options, const Session& session) {
 ExitStatus play(const Options& options, const Scene& scene) {
   setUpLibraryLog(options.log);
   printHeader(options, scene);
-  Session session(scene, lightOf(options.illuminant), options.requests, options.cameras);
+  Session session(scene, options);
   {
     ProgressBar progress(options.requests, /*wanted=*/!options.log);
-    for (unsigned i = 0; i < options.requests; ++i, progress.step()) session.record(i);
+    session.capture([&progress] { progress.step(); });
   }
   session.replay(lightOf(options.illuminant == "A" ? "D65" : "A"));
   return report(options, session);

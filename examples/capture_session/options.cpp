@@ -12,7 +12,8 @@ namespace {
 
 constexpr char kPurpose[] =
     "Plays a camera pipeline: records the inputs of its algorithms for every request and\n"
-    "camera, puts the files of one request in place, and replays them over other inputs.";
+    "camera, sees that the library sorts them into the folders of their images, puts the\n"
+    "files of one request in place, and replays them over other inputs.";
 
 constexpr char kExitStatuses[] =
     "Exit status: 0 everything was as expected, 1 something differed,\n"
@@ -44,10 +45,15 @@ void addOptions(CLI::App* app, Options* options) {
       ->type_name("N")
       ->check(CLI::Range(1, 100000))
       ->capture_default_str();
-  app->add_option("--cameras", options->cameras, "Cameras that each request reaches")
+  app->add_option("--cameras", options->cameras,
+                  "Cameras. Each gives some frames of an image made of several frames, and "
+                  "all of every other request")
       ->type_name("N")
       ->check(CLI::Range(1, static_cast<int>(kMaxCameras)))
       ->capture_default_str();
+  app->add_flag("--all-large", options->allLarge,
+                "Record the large inputs, 4 of the 26, of all requests: some 3 MB of files for "
+                "each. Otherwise of the six requests of a burst, one of which is replayed");
   app->add_flag("--log", options->log, "Print all that the library logs, as it comes, on stderr");
 }
 

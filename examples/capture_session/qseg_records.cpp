@@ -125,10 +125,9 @@ Bytes qsegImage(const View& view) {
 }
 
 Bytes replayedQseg(const Bytes& recorded, const Bytes& live) {
-  Bytes result = recorded;
+  Bytes result = keepLive<offsetof(QSegImageInfo, notRecorded), sizeof QSegImageInfo::notRecorded>(
+      recorded, live);
   passThroughText(&result, offsetof(QSegImageInfo, qsegSceneClassConf), 1, kXmlFormat);
-  std::memcpy(&result[offsetof(QSegImageInfo, notRecorded)],
-              &live[offsetof(QSegImageInfo, notRecorded)], sizeof QSegImageInfo::notRecorded);
   return result;
 }
 
@@ -141,7 +140,9 @@ std::vector<Record> qsegRecords() {
        qsegImage,
        run<&Simulation::SimulationForQsegImageData>,
        {replayedQseg, "field 2, which stays live"},
-       {nullptr, kReplaySuccess}},
+       {nullptr, kReplaySuccess},
+       Record::kRequest,
+       kLarge},
   };
 }
 

@@ -19,18 +19,6 @@ std::string fileName(const std::string& pattern, unsigned camera, unsigned numbe
 
 }  // namespace
 
-std::string requestFolder(const View& view) {
-  return "tmp/RequestID[" + std::to_string(view.request()) + "]_camId[" +
-         std::to_string(view.camera()) + "]";
-}
-
-std::string burstFolder(const View& view) {
-  constexpr unsigned kBurst = 6;  // requests
-  char name[32];
-  std::snprintf(name, sizeof name, "BURST_%06u", view.index() / kBurst * kBurst);
-  return name;
-}
-
 std::vector<std::string> filesOf(const Record& record, const View& view, const std::string& folder,
                                  unsigned number) {
   const std::string prefix = folder.empty() ? "" : folder + "/";
@@ -60,15 +48,11 @@ void copy(Rgb color, float (&to)[3]) {
   to[2] = asFloat(color.b);
 }
 
-float throughText(float value, const char* format) {
-  char text[64];
-  std::snprintf(text, sizeof text, format, double{value});
-  return std::strtof(text, nullptr);
-}
-
 void passThroughText(Bytes* bytes, std::size_t offset, std::size_t count, const char* format) {
   for (std::size_t i = 0; i < count; ++i, offset += sizeof(float)) {
-    const float value = throughText(structureIn<float>(*bytes, offset), format);
+    char text[64];
+    std::snprintf(text, sizeof text, format, double{structureIn<float>(*bytes, offset)});
+    const float value = std::strtof(text, nullptr);
     std::memcpy(bytes->data() + offset, &value, sizeof value);
   }
 }

@@ -67,8 +67,11 @@ struct Record {
   /// Whether the files go to the request's folder, or to one that the requests of
   /// a burst share and that keeps the file of the first, of the last or of each.
   enum { kRequest, kFirstOfBurst, kLastOfBurst, kEachOfBurst } place = kRequest;
+
+  bool large = false;  // 100 kB and more for a request and camera
 };
 
+inline constexpr bool kLarge = true;
 inline constexpr char kNinthDigit[] = "the 9th digit of some floats, which the text does not hold";
 inline constexpr char kDumpSuccess[] = "dump *.xml success";
 inline constexpr char kReplaySuccess[] = "readback *.xml success";
@@ -83,11 +86,6 @@ std::vector<Record> zoawbRecords();
 std::vector<Record> faceRecords();
 std::vector<Record> lscRecords();
 std::vector<Record> acbRecords();
-
-/// Where the dumps of a view's request and camera go, below kCameraData, and
-/// those of its burst.
-std::string requestFolder(const View& view);
-std::string burstFolder(const View& view);
 
 /// The record's files below `folder` (empty: straight under kCameraData), with
 /// `number` in place of the '@'.
@@ -108,11 +106,25 @@ void run(const Call& call) {
 inline float asFloat(double value) { return static_cast<float>(value); }
 void copy(Rgb color, float (&to)[3]);
 
-/// A float that was written to a file as text, in a format of printf, and read.
+/// Makes of `count` floats in `bytes` what is left of them when they were written
+/// to a file as text, in a format of printf, and read.
 inline constexpr char kXmlFormat[] = "%.8g", kStreamFormat[] = "%g", kFixedFormat[] = "%f";
-float throughText(float value, const char* format = kXmlFormat);
-
-/// The same for `count` floats that lie in `bytes`.
 void passThroughText(Bytes* bytes, std::size_t offset, std::size_t count, const char* format);
+
+/// Usual results of replays: but for some floats that were text, as recorded.
+template <const char* format, std::size_t first, std::size_t count>
+Bytes floatsThroughText(const Bytes& recorded, const Bytes&) {
+  Bytes result = recorded;
+  passThroughText(&result, first * sizeof(float), count, format);
+  return result;
+}
+
+/// But for `size` bytes that stay live.
+template <std::size_t offset, std::size_t size>
+Bytes keepLive(const Bytes& recorded, const Bytes& live) {
+  Bytes result = recorded;
+  std::memcpy(&result[offset], &live[offset], size);
+  return result;
+}
 
 }  // namespace capture

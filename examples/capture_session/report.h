@@ -19,7 +19,10 @@ class ProgressBar {
 };
 
 void printHeader(const Options& options, const Scene& scene);
-void printTable(const std::vector<Result>& results);
+void printTable(const Options& options, const std::vector<Result>& results);
+
+/// How the requests went through the ring, and where their files are.
+void printRuns(const RunTotals& totals);
 
 /// What was replayed, what the log said, and where the files are.
 void printSummary(const Options& options, const Session& session);

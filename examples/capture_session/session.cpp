@@ -19,26 +19,37 @@ std::string placeOf(const Record& record, const View& view) {
          std::to_string(view.camera());
 }
 
+std::string folderOf(const View& view) { return requestFolder(view.request(), view.camera()); }
+
 /// A replayed request is of no burst of the session.
 constexpr char kReplayFolder[] = "REPLAY";
 
 }  // namespace
 
-void Problems::add(const std::string& problem) {
-  constexpr std::size_t kKept = 10;
-  if (++count <= kKept) first.push_back(problem);
-}
-
-Session::Session(const Scene& scene, Rgb light, unsigned requests, unsigned cameras)
-    : scene_(scene), light_(light), requests_(requests), cameras_(cameras), records_(allRecords()) {
+Session::Session(const Scene& scene, const Options& options)
+    : scene_(scene),
+      light_(lightOf(options.illuminant)),
+      requests_(options.requests),
+      cameras_(options.cameras),
+      allLarge_(options.allLarge),
+      online_(requests_ - requests_ / 5),
+      replayed_(photoUpTo(online_ / 2)),
+      records_(allRecords()),
+      runs_(cameras_, &problems_,
+            [this](unsigned index, unsigned camera) { record(index, camera); }) {
   for (const Record& record : records_) {
     results_.emplace_back();
-    results_.back().record = record.name;
+    results_.back().record = record.name + std::string(record.large ? "*" : "");
   }
 }
 
 View Session::replayedView(unsigned camera) const {
-  return View(scene_, light_, requests_ / 2, camera);
+  return View(scene_, light_, replayed_, camera);
+}
+
+/// The only request is also the newest, whose files stay in tmp.
+std::string Session::replayedFolder(unsigned camera) const {
+  return requests_ == 1 ? folderOf(replayedView(camera)) : imageFolder(replayed_);
 }
 
 /// The request whose dump the replayed request finds: one of its burst where they share a file.
@@ -48,13 +59,12 @@ View Session::recordedView(const Record& record, unsigned camera) const {
 }
 
 void Session::run(const Record& record, std::uint32_t mode, const View& view, Bytes* data) {
-  const std::string folder = mode == kDump ? burstFolder(view) : kReplayFolder;
+  const std::string folder = mode == kDump ? burstFolder(view.index()) : kReplayFolder;
   SimulationInfo info = {{}, folder.c_str(), mode};
   record.run({*SimulationMgr::getInstance(), &info, *data, view.request(), view.camera()});
   checkLog(record, view,
-           mode == kDump
-               ? logLines(record.log.dump, dumps_.files(record, view, requestFolder(view)))
-               : logLines(record.log.replay, filesOf(record, view, "")));
+           mode == kDump ? logLines(record.log.dump, dumps_.files(record, view, folderOf(view)))
+                         : logLines(record.log.replay, filesOf(record, view, "")));
 }
 
 /// Every error line is a problem, but for those that are `expected` and must be there.
@@ -74,24 +84,34 @@ void Session::checkLog(const Record& record, const View& view, std::vector<std::
   }
 }
 
-void Session::record(unsigned index) {
-  for (unsigned camera = 0; camera < cameras_; ++camera) {
-    const View view(scene_, light_, index, camera);
-    for (std::size_t i = 0; i < records_.size(); ++i) {
-      Bytes data = records_[i].compute(view);
-      dumps_.add(records_[i], view);
-      run(records_[i], kDump, view, &data);
-      const std::string problem = dumps_.check(records_[i], view, data, &results_[i].dumped);
-      if (!problem.empty()) problems_.add(problem + placeOf(records_[i], view));
-    }
+void Session::capture(const std::function<void()>& step) {
+  constexpr std::uint64_t kOfflineOffset = 1000;
+  runs_.play(0, online_, 0, step);
+  if (online_ < requests_) runs_.play(online_, requests_, kOfflineOffset, step);
+  runs_.finish();
+}
+
+void Session::record(unsigned index, unsigned camera) {
+  const View view(scene_, light_, index, camera);
+  for (std::size_t i = 0; i < records_.size(); ++i) {
+    if (!isRecorded(records_[i], index)) continue;
+    Bytes data = records_[i].compute(view);
+    dumps_.add(records_[i], view);
+    run(records_[i], kDump, view, &data);
+    const std::string problem = dumps_.check(records_[i], view, data, &results_[i].dumped);
+    if (!problem.empty()) problems_.add(problem + placeOf(records_[i], view));
   }
+}
+
+bool Session::isRecorded(const Record& record, unsigned index) const {
+  return allLarge_ || !record.large || burstFolder(index) == burstFolder(replayed_);
 }
 
 void Session::replay(Rgb otherLight) {
   constexpr unsigned kLater = 7;
   for (unsigned camera = 0; camera < cameras_; ++camera) {
-    for (const Record& record : records_) putInPlace(record, replayedView(camera));
-    const View live(scene_, otherLight, requests_ / 2 + kLater, camera);
+    for (const Record& record : records_) putInPlace(record, camera);
+    const View live(scene_, otherLight, replayed_ + kLater, camera);
     for (std::size_t i = 0; i < records_.size(); ++i) {
       replayRecord(records_[i], recordedView(records_[i], camera), live, &results_[i]);
     }
@@ -100,8 +120,10 @@ void Session::replay(Rgb otherLight) {
 
 /// A file that is numbered in its folder gets the number that the replay asks
 /// for, which counts from 0 again.
-void Session::putInPlace(const Record& record, const View& view) {
-  const auto from = dumps_.files(record, view, requestFolder(view)), to = filesOf(record, view, "");
+void Session::putInPlace(const Record& record, unsigned camera) {
+  const View view = replayedView(camera);
+  const auto from = dumps_.files(record, view, replayedFolder(camera));
+  const auto to = filesOf(record, view, "");
   for (std::size_t i = 0; i < from.size(); ++i) {
     std::error_code error;
     fs::copy_file(fs::path(kCameraData) / from[i], fs::path(kCameraData) / to[i],

@@ -29,13 +29,16 @@ Chromaticity chromaticityOf(Rgb color);
 /// The correlated colour temperature, kept where it means something.
 double temperatureOf(Chromaticity color);
 
+/// The CamX id: every camera counts its own requests. The first is 10, as
+/// extended exposures of lower ids are never recorded.
+inline unsigned camxRequest(unsigned index, unsigned camera) { return index + 10 + 7 * camera; }
+
 class View {
  public:
   /// `index` counts the requests of the session from 0; `scene` must outlive the view.
   View(const Scene& scene, Rgb light, unsigned index, unsigned camera);
 
-  /// The CamX id. The first is 10: extended exposures of lower ids are never recorded.
-  unsigned request() const { return index_ + 10; }
+  unsigned request() const { return camxRequest(index_, camera_); }
   unsigned camera() const { return camera_; }
   unsigned index() const { return index_; }
 

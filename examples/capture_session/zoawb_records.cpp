@@ -104,13 +104,6 @@ Bytes lightSource(const View& view) {
       asFloat(sure), static_cast<std::int32_t>(ofHigh < 0.5 ? second - 1 : second)});
 }
 
-template <std::size_t first, std::size_t floats>
-Bytes floatsAtEightDigits(const Bytes& recorded, const Bytes&) {
-  Bytes result = recorded;
-  passThroughText(&result, first * sizeof(float), floats, kXmlFormat);
-  return result;
-}
-
 // --- Calibration of the camera modules under the present light
 
 constexpr std::size_t kModules = 4;
@@ -215,12 +208,12 @@ std::vector<Record> zoawbRecords() {
        {"simulation_ZOAWB_PureColorRes_camId[#].xml"},
        pureColor,
        run<&Simulation::SimulationForZOAWBPureColorRes>,
-       {floatsAtEightDigits<1, 2>, kNinthDigit}},
+       {floatsThroughText<kXmlFormat, 1, 2>, kNinthDigit}},
       {"LightSrcClassify",
        {"simulation_ZOAWB_LightSrcClassify_camId[#].xml"},
        lightSource,
        run<&Simulation::SimulationForZOAWBLightSrcClassify>,
-       {floatsAtEightDigits<1, 5>, kNinthDigit}},
+       {floatsThroughText<kXmlFormat, 1, 5>, kNinthDigit}},
       {"OTPData",
        {"simulation_AWB_OTPData_camId[#].xml"},
        otpCalibration,
