@@ -29,10 +29,11 @@ inline constexpr std::size_t kFixedFloatRoom = 47;
 char* writeUnsigned(char* out, std::uint64_t value);
 char* writeSigned(char* out, std::int64_t value);
 
-/// A byte and one blank: an item of a long list.
-struct ByteItem {
+/// A byte and one blank: an item of a long list. One word, so that it is had with
+/// one look.
+struct alignas(8) ByteItem {
   std::array<char, kByteItemRoom> text;
-  std::uint8_t length;
+  std::uint32_t length;
 };
 extern const std::array<ByteItem, 256> kByteItems;
 

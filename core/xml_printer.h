@@ -79,7 +79,7 @@ class XmlPrinter final : public tinyxml2::XMLPrinter {
   const char* path_;
   std::optional<FileDescriptor> file_;
   bool failed_ = false;
-  std::array<char, 32768> buffer_;
+  std::array<char, 65536> buffer_;
   char* end_ = buffer_.data();
 };
 
