@@ -12,7 +12,7 @@ struct Options {
   std::string data = "capture-data/";
   std::string image;  // empty: the colour chart
   std::string illuminant = "D65";
-  unsigned requests = 80;
+  unsigned requests = 200;
   unsigned cameras = 3;
   bool allLarge = false;  // large records of all requests
   bool log = false;
