@@ -92,7 +92,7 @@ void Simulation::readAWBStatsForSimulation(void* stats, char* path) {
   }
   const tinyxml2::XMLElement* element = findElement(*root, "AWBBGStats");
   if (element == nullptr) {
-    copy.release();  // kept: on this path the pipeline accounts for a copy that is never freed
+    (void)copy.release();  // kept: here the pipeline accounts for a copy that is never freed
     return;
   }
   if (!readFields(*element, *copy)) return;

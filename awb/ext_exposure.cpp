@@ -59,5 +59,5 @@ void Simulation::SimulationForAWBExtExposure(SimulationInfo* info, void* data,
   if (info->mode == kReadback) readBack(*document, path.c_str(), data);
   // Left allocated on purpose: this record's document is never freed (some 10 KB
   // for each readback).
-  (void)document.release();
+  (void)document.release();  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
 }

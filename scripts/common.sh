@@ -7,7 +7,7 @@ cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
 # a quiet command that succeeds when it is there. Purposes: build, bench, aarch64,
-# format.
+# format, tidy, libcxx, android, blueprint.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -22,12 +22,22 @@ aarch64|qemu-user|qemu-user (qemu-aarch64)|command -v qemu-aarch64
 aarch64|libtinyxml2-dev:arm64|tinyxml2 for arm64|test -e /usr/lib/aarch64-linux-gnu/libtinyxml2.so
 aarch64|libgtest-dev:arm64|GoogleTest for arm64|test -e /usr/lib/aarch64-linux-gnu/libgtest.a
 format|clang-format|clang-format|command -v clang-format
+tidy|clang-tidy|clang-tidy|command -v clang-tidy
+libcxx|clang|clang (clang++)|command -v clang++
+libcxx|libc++-dev|libc++|has_libcxx
+libcxx|libc++abi-dev|libc++abi|has_libcxx
+libcxx|googletest|GoogleTest's sources|test -e /usr/src/googletest/CMakeLists.txt
+android|android-liblog-dev|liblog|test -e /usr/include/android/android/log.h
+android|android-libcutils-dev|libcutils|test -e /usr/include/android/cutils/properties.h
+blueprint|soong|bpfix|command -v bpfix
 END
 }
 
 say() { printf '%s\n' "$*" >&2; }
 
 has_header() { printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | ${CXX:-c++} -E -x c++ -; }
+
+has_libcxx() { echo 'int main() {}' | clang++ -stdlib=libc++ -o /dev/null -x c++ -; }
 
 has_cmake() {
   local version
@@ -85,14 +95,18 @@ ensure() {
   [ ${#names[@]} = 0 ] || { say "Still not found after the installation: $(listed "${names[@]}")."; exit 2; }
 }
 
-# build PRESET [TARGET...]: configures only when there is no configured build
-# folder or the presets are newer; ninja notices every other change by itself.
+# configure PRESET: only when there is no configured build folder or the presets
+# are newer; ninja notices every other change by itself.
+configure() {
+  local made=build/$1/build.ninja
+  [ ! -e "$made" ] || [ CMakePresets.json -nt "$made" ] || return 0
+  cmake --preset "$1" >&2 && touch "$made"
+}
+
+# build PRESET [TARGET...]
 build() {
-  local preset=$1 made=build/$1/build.ninja
+  local preset=$1
   shift
-  if [ ! -e "$made" ] || [ CMakePresets.json -nt "$made" ]; then
-    cmake --preset "$preset" >&2 || return
-    touch "$made"
-  fi
+  configure "$preset" || return
   cmake --build --preset "$preset" ${1:+--target "$@"} >&2
 }

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <random>
 #include <sstream>
+#include <type_traits>
 
 #include "tests/support/comma_locale.h"
 
@@ -72,13 +73,28 @@ std::string listOf(Extract next) {
 }
 
 template <typename Value>
-void checkList(const std::string& text) {
-  std::istringstream in(text);
-  in.imbue(std::locale::classic());
+std::string ourList(const std::string& text) {
   const char* cursor = text.c_str();
   const char* end = cursor + text.size();
-  ASSERT_EQ(listOf<Value>([&](Value& value) { return extract(cursor, end, value); }),
-            listOf<Value>([&](Value& value) { return !!(in >> value); }))
+  return listOf<Value>([&](Value& value) { return extract(cursor, end, value); });
+}
+
+/// Floats are those of libstdc++ everywhere. Its rival's streams refuse a float
+/// that letters follow or that is denormal, and take hexadecimal ones.
+#ifdef _LIBCPP_VERSION
+template <typename Value>
+constexpr bool kStreamsAgree = !std::is_same_v<Value, float>;
+#else
+template <typename Value>
+constexpr bool kStreamsAgree = true;
+#endif
+
+template <typename Value>
+void checkList(const std::string& text) {
+  if (!kStreamsAgree<Value>) return;
+  std::istringstream in(text);
+  in.imbue(std::locale::classic());
+  ASSERT_EQ(ourList<Value>(text), listOf<Value>([&](Value& value) { return !!(in >> value); }))
       << text;
 }
 
@@ -178,6 +194,42 @@ TEST(NumberText, Floats) {
 TEST(NumberText, OddTokens) {
   for (const std::string& token : oddTokens()) {
     for (const char* tail : {"", " ", "x", " 12 ", ".", "-"}) checkReading(token + tail);
+  }
+}
+
+TEST(NumberText, ListsOfOddFloats) {
+  const struct {
+    const char* text;
+    std::vector<float> values;
+  } rows[] = {
+      {"1.5abc 2", {1.5F}},
+      {"7x", {7}},
+      {"5.", {5}},
+      {"1.5.5 -.25", {1.5F, 0.5F, -0.25F}},
+      {"1e5e5", {1e5F}},
+      {"1e5.5", {1e5F, 0.5F}},
+      {"1-2+3", {1, -2, 3}},
+      {"1,5", {1}},
+      {"0x10", {0}},
+      {"0x1.8p1", {0}},
+      {"4 inf", {4}},
+      {"4 -INF", {4}},
+      {"4 nan(1)", {4}},
+      {"4 1e", {4}},
+      {"4 1e+ 2", {4}},
+      {"4 - 2", {4}},
+      {"4 . 2", {4}},
+      {"4 e5", {4}},
+      {"3.4028235e38 3.4028236e38", {3.4028235e38F}},
+      {"1e-38 1e-45 1e-46 -0 2", {1e-38F, 0x1p-149F, 0, -0.0F, 2}},
+  };
+  for (const auto& row : rows) {
+    auto next = row.values.begin();
+    const auto expected = [&](float& value) {
+      return next != row.values.end() && (value = *next++, true);
+    };
+    EXPECT_EQ(ourList<float>(row.text), listOf<float>(expected)) << row.text;
+    checkList<float>(row.text);
   }
 }
 
