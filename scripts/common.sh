@@ -1,5 +1,6 @@
-# What scripts/demo, scripts/test, scripts/bench and .ci/run share: finding and installing what
-# a build needs, and building a preset. Sourced by bash scripts, never run.
+# What scripts/demo, scripts/test, scripts/bench, scripts/fuzz and .ci/run share:
+# finding and installing what a build needs, and building a preset. Sourced by
+# bash scripts, never run.
 # Everything told to the person goes to stderr.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -7,7 +8,7 @@ cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
 # a quiet command that succeeds when it is there. Purposes: build, bench, aarch64,
-# format, tidy, libcxx, android, blueprint.
+# fuzz, format, tidy, libcxx, android, blueprint.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -21,6 +22,8 @@ aarch64|g++-aarch64-linux-gnu|a cross compiler (aarch64-linux-gnu-g++)|command -
 aarch64|qemu-user|qemu-user (qemu-aarch64)|command -v qemu-aarch64
 aarch64|libtinyxml2-dev:arm64|tinyxml2 for arm64|test -e /usr/lib/aarch64-linux-gnu/libtinyxml2.so
 aarch64|libgtest-dev:arm64|GoogleTest for arm64|test -e /usr/lib/aarch64-linux-gnu/libgtest.a
+fuzz|clang|clang (clang++)|command -v clang++
+fuzz|libclang-rt-dev|clang's runtime libraries (libFuzzer)|has_libfuzzer
 format|clang-format|clang-format|command -v clang-format
 tidy|clang-tidy|clang-tidy|command -v clang-tidy
 libcxx|clang|clang (clang++)|command -v clang++
@@ -38,6 +41,7 @@ say() { printf '%s\n' "$*" >&2; }
 has_header() { printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | ${CXX:-c++} -E -x c++ -; }
 
 has_libcxx() { echo 'int main() {}' | clang++ -stdlib=libc++ -o /dev/null -x c++ -; }
+has_libfuzzer() { ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a; }
 
 has_cmake() {
   local version

@@ -1,0 +1,187 @@
+// Makes the seeds of the fuzz targets: the library's own dumps of records with
+// three kinds of content. `seeds FOLDER` fills FOLDER/[target]/, and
+// FOLDER/big/[target]/ with files that are too big to be varied.
+#include <private_data.h>
+#include <simulation/records.h>
+#include <simulation/simulation.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kBig = 100000;
+
+/// Which target gets a file: the first row whose text is in the file's path.
+struct Family {
+  const char* text;
+  const char* target;
+};
+constexpr Family kFamilies[] = {
+    {"simulation_AE_", "ae"},
+    {"ParsedAWBStatsOutput", "stats"},
+    {"simulation_AWB_AECData", "awb_exposure"},
+    {"ExtExposure", "awb_exposure"},
+    {"QsegImageData", "qseg"},
+    {"SpectralSensorInfo", "spectral"},
+    {"OTPData", "zoawb"},
+    {"simulation_LSC", "lsc"},
+    {"simulation_ACB", "acb"},
+    {".bin", "binary"},
+    {"simulation_ZOAWB_", "zoawb"},
+};
+
+/// Texts, not dumped by themselves, for the target that reads numbers.
+constexpr const char* kNumbers[] = {
+    "1 22 333 65535 65536 18446744073709551615 18446744073709551616 -1",
+    "1.5 -0.25 +3. .5 1e5 1e-40 3.4e38 1e39 -1e-50",
+    "2147483647",
+    "-2147483648",
+    "9223372036854775807",
+    "0x1f",
+    "nan",
+    "-inf",
+    "1e",
+    "1.2.3",
+    " \t7x",
+    "0.1000000014901161193847656",
+    "8388608.5",
+    "16777217",
+    "1.17549435e-38 0.5000000298023224 0.5000000298023223",
+};
+
+/// Bytes for the record that `variant` fills: zeros, ones as floats, noise.
+std::vector<char> filled(std::size_t size, unsigned int variant) {
+  std::vector<char> bytes(size);
+  const char one[] = {0, 0, -128, 63};
+  unsigned int noise = 1;
+  for (std::size_t i = 0; i < size && variant > 0; ++i) {
+    noise = noise * 1664525U + 1013904223U;
+    bytes[i] = variant == 1 ? one[i % 4] : static_cast<char>(noise >> 24);
+  }
+  return bytes;
+}
+
+std::vector<char> statistics(unsigned int variant) {
+  constexpr unsigned int kRegions[] = {0, 3, 40};
+  std::vector<char> bytes = filled(sizeof(BayerGridOutput), variant);
+  const unsigned int header[] = {variant, kRegions[variant], 8, 5};
+  std::memcpy(bytes.data(), header, sizeof header);
+  return bytes;
+}
+
+/// Every operation dumps once.
+void dumpAll(unsigned int variant) {
+  Simulation& to = *SimulationMgr::getInstance();
+  const std::string folder = "IMG_" + std::to_string(variant);
+  SimulationInfo info = {{}, folder.c_str(), 0};
+  const unsigned int id = 10 + variant;
+  std::vector<char> bytes = filled(sizeof(QSegImageInfo), variant);
+  std::vector<char> stats = statistics(variant);
+  void* const data = bytes.data();
+  to.SimulationForAECData(&info, data, id, 0, &variant);
+  to.SimulationForAWBParsedStatsOutput(&info, stats.data(), id, 0, "0");
+  to.SimulationForAWBAECData(&info, data, id, 0);
+  to.SimulationForAWBExtExposure(&info, data, id, 0);
+  to.SimulationForQsegImageData(&info, data, id, 0);
+  to.SimulationForZOAWBWideAlwaysOnStatus(&info, data, id, 0);
+  to.SimulationForZOAWBSyncInfo(&info, data, id, 0);
+  to.SimulationForZOAWBPureColorRes(&info, data, id, 0);
+  to.SimulationForZOAWBLightSrcClassify(&info, data, id, 0);
+  to.SimulationForOTPCalibrationFactor(&info, data, id, 0);
+  to.SimulationForZoAWBSpectralSensorInfo(&info, data, id, 0);
+  to.simulationForLscMeta(&info, data, nullptr, 0, "rear", 0);
+  to.SimulationForACBdeviceOri(&info, data, id, 0);
+  to.SimulationForAWBFaceROI(&info, data, id, 0);
+  to.SimulationForAWBISPStatsConfig(&info, data, id, 0, "0");
+  to.SimulationForAWBTuningMode(&info, data, id, 0);
+  to.SimulationForAWBFrameControlData(&info, data, id, 0);
+  to.SimulationForZOAWBFaceDectionInfo(&info, data, id, 0);
+  to.SimulationForZOAWBFaceColorDectionInfo(&info, data, id, 0);
+  to.SimulationForFDResult(&info, data, 1, data, 2, data, 3, data, 4, data, 5, data, 6, id, 0);
+  AcbImage image = {{}, {data, {}, 40}, {data, {}, 20}};
+  to.SimulationForACB(&info, &image, id, 0);
+}
+
+void write(const fs::path& path, const std::string& text) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string contentOf(const fs::path& path) {
+  return (std::ostringstream() << std::ifstream(path, std::ios::binary).rdbuf()).str();
+}
+
+/// `text` with 100 of its longest element's numbers.
+std::string shortened(std::string text) {
+  std::size_t begin = text.find("<qsegStatsInfo>");
+  const std::size_t end = text.find("</qsegStatsInfo>");
+  for (int i = 0; i <= 100; ++i) begin = text.find(' ', begin + 1);
+  return text.erase(begin + 1, end - begin - 1);
+}
+
+/// `text` with `more` in front of the first `tag`.
+std::string extended(std::string text, const char* tag, const char* more) {
+  return text.insert(text.find(tag), more);
+}
+
+/// A dump of the segmentation, and one with more than fits.
+void writeSegmentation(const fs::path& folder, const std::string& name, const std::string& text) {
+  write(folder / "big/qseg" / name, text);
+  write(folder / "big/qseg/label" / name, extended(text, "</qsegStatsInfo>", "7 "));
+  const std::string seed = shortened(text);
+  write(folder / "qseg" / name, seed);
+  write(folder / "document" / name, seed);
+  write(folder / "qseg" / ("instance_" + name),
+        extended(seed, "</qsegInstInfos>", "<qsegInstInfo><ID>1</ID></qsegInstInfo>"));
+  write(folder / "qseg" / ("part_" + name),
+        extended(seed, "</partROIs>", "<partROI><top>1</top></partROI>"));
+}
+
+void writeSeed(const fs::path& folder, const fs::path& dump) {
+  const std::string path = dump.string();
+  const auto* family =
+      std::find_if(std::begin(kFamilies), std::end(kFamilies),
+                   [&](const Family& row) { return path.find(row.text) != std::string::npos; });
+  const std::string name = dump.parent_path().filename().string() + "_" + dump.filename().string();
+  const std::string text = contentOf(dump);
+  if (text.size() > kBig) {
+    writeSegmentation(folder, name, text);
+    return;
+  }
+  write(folder / family->target / name, text);
+  if (dump.extension() == ".xml") write(folder / "document" / name, text);
+}
+
+}  // namespace
+
+/// One record's document stays allocated on purpose.
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() { return "detect_leaks=0"; }
+
+int main(int argc, char** argv) {
+  setenv("persist.vendor.camera.simulation.loglevel", "7", 1);
+  const std::string problem = simulation_host::useEmptyCameraData();
+  if (argc != 2 || !problem.empty()) {
+    std::fprintf(stderr, "usage: seeds FOLDER %s\n", problem.c_str());
+    return 2;
+  }
+  const fs::path folder = argv[1];
+  fs::remove_all(folder);
+  for (unsigned int variant = 0; variant < 3; ++variant) dumpAll(variant);
+  for (const auto& entry : fs::recursive_directory_iterator("/data/vendor/camera")) {
+    if (entry.is_regular_file()) writeSeed(folder, entry.path());
+  }
+  for (std::size_t i = 0; i < std::size(kNumbers); ++i) {
+    write(folder / "numbers" / std::to_string(i), kNumbers[i]);
+  }
+}
