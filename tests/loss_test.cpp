@@ -1,0 +1,177 @@
+// Nothing that was dumped is lost when the camera process is killed, or when its
+// threads dump all at once.
+#include <simulation/request_map.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <iostream>
+#include <random>
+#include <thread>
+
+#include "tests/support/all_records.h"
+#include "tests/support/camera_data.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr unsigned int kRequests = 200, kCameras = 3, kRingRequests = 49;
+
+std::string imageOf(unsigned int run, unsigned int request) {
+  return "IMG_" + std::to_string(run) + "_" + std::to_string(request);
+}
+
+/// One request in seven has no image: its dumps are deleted.
+bool hasImage(unsigned int request) { return request % 7 != 0; }
+
+struct Small {
+  std::size_t row;  ///< in kAllRecords
+  const char* file;
+};
+constexpr Small kSmall[] = {{0, "simulation_AE_AECData_camId[%]_ev[3].xml"},
+                            {3, "simulation_AWB_FaceROI_camId[%].bin"},
+                            {5, "simulation_AWB_TuningMode_camId[%].bin"}};
+constexpr unsigned int kSmalls = 3;
+
+struct Progress {
+  std::atomic<unsigned int> begun, dumped;  ///< requests; records whose dump has returned
+};
+
+void capture(unsigned int run, Progress& progress) {
+  const SimulationInfo info = infoFor(0);
+  for (unsigned int request = 1; request <= kRequests; ++request) {
+    progress.begun = request;
+    insertForChi(request, request);
+    for (unsigned int camera = 0; camera < kCameras; ++camera) {
+      insertForCamx(request, request, camera);
+      for (const Small& small : kSmall) {
+        SimulationInfo own = info;
+        Bytes data = callersMemory(kAllRecords[small.row], 1);
+        kAllRecords[small.row].run(own, data.data(), request, camera);
+        ++progress.dumped;
+      }
+    }
+    if (!hasImage(request)) continue;
+    const std::string image = imageOf(run, request);
+    fs::create_directory(kCamera + image);
+    std::vector<unsigned int> frames = {request};
+    addForImageName(&frames, image.c_str());
+  }
+}
+
+class LossTest : public CameraDataTest {
+ protected:
+  LossTest() {
+    // What whole records look like.
+    SimulationInfo info = infoFor(0);
+    for (std::size_t i = 0; i < kSmalls; ++i) {
+      Bytes data = callersMemory(kAllRecords[kSmall[i].row], 1);
+      kAllRecords[kSmall[i].row].run(info, data.data(), 1, 0);
+      whole_[i] = readFile(kCamera + "tmp/RequestID[1]_camId[0]/" + fileOf(i, 0));
+    }
+    fs::remove_all(kCamera + "tmp");
+  }
+
+  static std::string fileOf(std::size_t small, unsigned int camera) {
+    std::string name = kSmall[small].file;
+    return name.replace(name.find('%'), 1, std::to_string(camera));
+  }
+
+  /// Starts a run and kills it after `patience`; never when that is negative.
+  int play(unsigned int run, std::chrono::microseconds patience) {
+    progress->begun = progress->dumped = 0;
+    const pid_t child = fork();
+    if (child == 0) {
+      capture(run, *progress);
+      _exit(0);
+    }
+    if (patience.count() >= 0) {
+      std::this_thread::sleep_for(patience);
+      kill(child, SIGKILL);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    return status;
+  }
+
+  void expectNothingLost(unsigned int run) {
+    for (unsigned int record = 0; record < progress->dumped; ++record) {
+      const unsigned int camera = record / kSmalls % kCameras;
+      const unsigned int request = record / kSmalls / kCameras + 1;
+      const std::string file = "/" + fileOf(record % kSmalls, camera);
+      const std::string id = std::to_string(request), cam = std::to_string(camera);
+      const std::string tmp = kCamera + "tmp/RequestID[" + id + "]_camId[" + cam + "]" + file;
+      const std::string moved = kCamera + imageOf(run, request) + file;
+      const bool inTmp = fs::exists(tmp), inImage = fs::exists(moved);
+      if (!hasImage(request) && !inTmp && request + kRingRequests <= progress->begun) continue;
+      ASSERT_TRUE(inTmp != inImage) << tmp;
+      ASSERT_EQ(readFile(inTmp ? tmp : moved), whole_[record % kSmalls]) << tmp;
+    }
+  }
+
+  void* const shared =
+      mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  Progress* const progress = new (shared) Progress;
+
+ private:
+  std::string whole_[kSmalls];
+};
+
+TEST_F(LossTest, AKilledRunLosesNothingAndTheNextOneGoesOn) {
+  std::mt19937 random(20240601);
+  const auto start = std::chrono::steady_clock::now();
+  ASSERT_EQ(play(0, std::chrono::microseconds(-1)), 0);
+  const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - start;
+  int killed = 0;
+  for (unsigned int run = 1; run <= 100 && !HasFailure(); ++run) {
+    const double share = std::uniform_real_distribution<>(0, 1)(random);
+    const int status =
+        play(run, std::chrono::microseconds(static_cast<long>(took.count() * share)));
+    killed += WIFSIGNALED(status);
+    EXPECT_TRUE(status == 0 || WTERMSIG(status) == SIGKILL);
+    expectNothingLost(run);
+    for (unsigned int request = 1; request <= kRequests; ++request) {
+      fs::remove_all(kCamera + imageOf(run, request));
+    }
+  }
+  EXPECT_GT(killed, 50);
+  ASSERT_EQ(play(101, std::chrono::microseconds(-1)), 0);
+  EXPECT_EQ(progress->dumped, kRequests * kCameras * kSmalls);
+  expectNothingLost(101);
+  std::cout << killed << " runs killed\n";
+}
+
+TEST_F(CameraDataTest, ThreadsDumpAllRecordsAtOnce) {
+  constexpr unsigned int kThreads = 4, kEach = 15;
+  std::vector<std::thread> threads;
+  for (unsigned int thread = 0; thread < kThreads; ++thread) {
+    threads.emplace_back([thread] {
+      const std::string folder = "thread" + std::to_string(thread);
+      for (unsigned int request = thread; request < kThreads * kEach; request += kThreads) {
+        insertForChi(request + 1, request + 1);
+        for (unsigned int camera = 0; camera < kCameras; ++camera) {
+          insertForCamx(request + 1, request + 100, camera);
+          for (const RecordOperation& record : kAllRecords) {
+            const bool counted = record.name == std::string("simulationForLscMeta");
+            for (const std::uint32_t mode : {0, 1}) {
+              SimulationInfo info = infoFor(mode, counted ? "shared" : folder.c_str());
+              Bytes data = callersMemory(record, 1);
+              if (mode == 0 || !counted) record.run(info, data.data(), request + 100, camera);
+            }
+          }
+        }
+        std::vector<unsigned int> frames = {request + 1};
+        addForImageName(&frames, "none");
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(tree(kCamera + "shared").size(), kThreads * kEach * kCameras) << "an index came twice";
+}
+
+}  // namespace

@@ -3,10 +3,12 @@
 #include <camx/memory.h>
 
 #include <cstdlib>
+#include <mutex>
 #include <set>
 
 namespace {
 
+std::mutex mutex;
 std::set<void*> blocks;
 bool noBlocks = false;
 bool noObjects = false;
@@ -14,10 +16,12 @@ bool noObjects = false;
 }  // namespace
 
 void* CamxCalloc(std::size_t size) {
+  const std::lock_guard<std::mutex> lock(mutex);
   return noBlocks ? nullptr : *blocks.insert(std::calloc(1, size)).first;
 }
 
 void CamxFree(void* memory) {
+  const std::lock_guard<std::mutex> lock(mutex);
   blocks.erase(memory);
   std::free(memory);
 }
