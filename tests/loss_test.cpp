@@ -37,6 +37,7 @@ constexpr Small kSmall[] = {{0, "simulation_AE_AECData_camId[%]_ev[3].xml"},
                             {3, "simulation_AWB_FaceROI_camId[%].bin"},
                             {5, "simulation_AWB_TuningMode_camId[%].bin"}};
 constexpr unsigned int kSmalls = 3;
+constexpr unsigned int kRecords = kRequests * kCameras * kSmalls;
 
 struct Progress {
   std::atomic<unsigned int> begun, dumped;  ///< requests; records whose dump has returned
@@ -82,20 +83,20 @@ class LossTest : public CameraDataTest {
     return name.replace(name.find('%'), 1, std::to_string(camera));
   }
 
-  /// Starts a run and kills it after `patience`; never when that is negative.
-  int play(unsigned int run, std::chrono::microseconds patience) {
+  /// Plays a run and kills it once `limit` records are dumped, and `patience` later.
+  int play(unsigned int run, unsigned int limit, std::chrono::microseconds patience = {}) {
     progress->begun = progress->dumped = 0;
     const pid_t child = fork();
     if (child == 0) {
       capture(run, *progress);
       _exit(0);
     }
-    if (patience.count() >= 0) {
-      std::this_thread::sleep_for(patience);
-      kill(child, SIGKILL);
-    }
     int status = -1;
-    waitpid(child, &status, 0);
+    while (waitpid(child, &status, WNOHANG) == 0) {
+      const bool due = progress->dumped >= limit;
+      std::this_thread::sleep_for(due ? patience : std::chrono::microseconds(20));
+      if (due) kill(child, SIGKILL);
+    }
     return status;
   }
 
@@ -124,14 +125,10 @@ class LossTest : public CameraDataTest {
 
 TEST_F(LossTest, AKilledRunLosesNothingAndTheNextOneGoesOn) {
   std::mt19937 random(20240601);
-  const auto start = std::chrono::steady_clock::now();
-  ASSERT_EQ(play(0, std::chrono::microseconds(-1)), 0);
-  const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - start;
+  std::uniform_int_distribution<unsigned int> limits(0, kRecords - 100), patiences(0, 300);
   int killed = 0;
   for (unsigned int run = 1; run <= 100 && !HasFailure(); ++run) {
-    const double share = std::uniform_real_distribution<>(0, 1)(random);
-    const int status =
-        play(run, std::chrono::microseconds(static_cast<long>(took.count() * share)));
+    const int status = play(run, limits(random), std::chrono::microseconds(patiences(random)));
     killed += WIFSIGNALED(status);
     EXPECT_TRUE(status == 0 || WTERMSIG(status) == SIGKILL);
     expectNothingLost(run);
@@ -140,8 +137,8 @@ TEST_F(LossTest, AKilledRunLosesNothingAndTheNextOneGoesOn) {
     }
   }
   EXPECT_GT(killed, 50);
-  ASSERT_EQ(play(101, std::chrono::microseconds(-1)), 0);
-  EXPECT_EQ(progress->dumped, kRequests * kCameras * kSmalls);
+  ASSERT_EQ(play(101, kRecords + 1), 0);
+  EXPECT_EQ(progress->dumped, kRecords);
   expectNothingLost(101);
   std::cout << killed << " runs killed\n";
 }
