@@ -18,29 +18,18 @@ namespace fs = std::filesystem;
 
 std::atomic<long> live;
 
-void* allocate(std::size_t size) noexcept {
-  void* const memory = std::malloc(size + (size == 0));
-  live += memory != nullptr;
-  return memory;
-}
+}  // namespace
 
-void release(void* memory) noexcept {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  ++live;
+  return std::malloc(size);
+}
+void* operator new(std::size_t size) { return ::operator new(size, std::nothrow); }
+void operator delete(void* memory) noexcept {
   live -= memory != nullptr;
   std::free(memory);
 }
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  void* const memory = allocate(size);
-  return memory != nullptr ? memory : throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) { return ::operator new(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void operator delete(void* memory) noexcept { release(memory); }
-void operator delete(void* memory, std::size_t) noexcept { release(memory); }
-void operator delete[](void* memory) noexcept { release(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { ::operator delete(memory); }
 
 namespace {
 
@@ -52,11 +41,10 @@ struct Left {
 
 Left leftBy(const RecordOperation& record, std::uint32_t mode) {
   Left left;
-  Bytes data = callersMemory(record, 1);
-  SimulationInfo info = infoFor(mode);
+  Bytes data = record.memory(1);
   const long before = live;
   try {
-    record.run(info, data.data(), 21, 1);
+    record.run(mode, data, 21, 1);
   } catch (const std::logic_error&) {
     left.threw = true;
   }

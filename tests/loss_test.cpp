@@ -13,6 +13,7 @@
 #include <random>
 #include <thread>
 
+#include "core/data_paths.h"
 #include "tests/support/all_records.h"
 #include "tests/support/camera_data.h"
 
@@ -20,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr unsigned int kRequests = 200, kCameras = 3, kRingRequests = 49;
+constexpr unsigned int kRequests = 200, kCameras = 3, kSmalls = 3, kRingRequests = 49;
 
 std::string imageOf(unsigned int run, unsigned int request) {
   return "IMG_" + std::to_string(run) + "_" + std::to_string(request);
@@ -29,14 +30,8 @@ std::string imageOf(unsigned int run, unsigned int request) {
 /// One request in seven has no image: its dumps are deleted.
 bool hasImage(unsigned int request) { return request % 7 != 0; }
 
-struct Small {
-  std::size_t row;  ///< in kAllRecords
-  const char* file;
-};
-constexpr Small kSmall[] = {{0, "simulation_AE_AECData_camId[%]_ev[3].xml"},
-                            {3, "simulation_AWB_FaceROI_camId[%].bin"},
-                            {5, "simulation_AWB_TuningMode_camId[%].bin"}};
-constexpr unsigned int kSmalls = 3;
+/// Of kAllRecords: two raw ones and one XML.
+constexpr std::size_t kSmall[kSmalls] = {0, 3, 5};
 constexpr unsigned int kRecords = kRequests * kCameras * kSmalls;
 
 struct Progress {
@@ -44,16 +39,14 @@ struct Progress {
 };
 
 void capture(unsigned int run, Progress& progress) {
-  const SimulationInfo info = infoFor(0);
   for (unsigned int request = 1; request <= kRequests; ++request) {
     progress.begun = request;
     insertForChi(request, request);
     for (unsigned int camera = 0; camera < kCameras; ++camera) {
       insertForCamx(request, request, camera);
-      for (const Small& small : kSmall) {
-        SimulationInfo own = info;
-        Bytes data = callersMemory(kAllRecords[small.row], 1);
-        kAllRecords[small.row].run(own, data.data(), request, camera);
+      for (const std::size_t row : kSmall) {
+        Bytes data = kAllRecords[row].memory(1);
+        kAllRecords[row].run(0, data, request, camera);
         ++progress.dumped;
       }
     }
@@ -68,19 +61,15 @@ void capture(unsigned int run, Progress& progress) {
 class LossTest : public CameraDataTest {
  protected:
   LossTest() {
-    // What whole records look like.
-    SimulationInfo info = infoFor(0);
-    for (std::size_t i = 0; i < kSmalls; ++i) {
-      Bytes data = callersMemory(kAllRecords[kSmall[i].row], 1);
-      kAllRecords[kSmall[i].row].run(info, data.data(), 1, 0);
-      whole_[i] = readFile(kCamera + "tmp/RequestID[1]_camId[0]/" + fileOf(i, 0));
+    for (unsigned int record = 0; record < kCameras * kSmalls; ++record) {
+      const RecordOperation& operation = kAllRecords[kSmall[record % kSmalls]];
+      Bytes data = operation.memory(1);
+      operation.run(0, data, 1, record / kSmalls);
+      file_[record] = tree().back();
+      whole_[record] = readFile(kCamera + file_[record]);
+      file_[record].erase(0, file_[record].rfind('/'));
+      fs::remove_all(kCamera + "tmp");
     }
-    fs::remove_all(kCamera + "tmp");
-  }
-
-  static std::string fileOf(std::size_t small, unsigned int camera) {
-    std::string name = kSmall[small].file;
-    return name.replace(name.find('%'), 1, std::to_string(camera));
   }
 
   /// Plays a run and kills it once `limit` records are dumped, and `patience` later.
@@ -102,16 +91,16 @@ class LossTest : public CameraDataTest {
 
   void expectNothingLost(unsigned int run) {
     for (unsigned int record = 0; record < progress->dumped; ++record) {
-      const unsigned int camera = record / kSmalls % kCameras;
       const unsigned int request = record / kSmalls / kCameras + 1;
-      const std::string file = "/" + fileOf(record % kSmalls, camera);
-      const std::string id = std::to_string(request), cam = std::to_string(camera);
-      const std::string tmp = kCamera + "tmp/RequestID[" + id + "]_camId[" + cam + "]" + file;
+      const unsigned int each = record % (kSmalls * kCameras), camera = each / kSmalls;
+      const std::string& file = file_[each];
+      const std::string folder = simulation::requestFolder(request, camera).c_str();
+      const std::string tmp = folder + file;
       const std::string moved = kCamera + imageOf(run, request) + file;
       const bool inTmp = fs::exists(tmp), inImage = fs::exists(moved);
       if (!hasImage(request) && !inTmp && request + kRingRequests <= progress->begun) continue;
       ASSERT_TRUE(inTmp != inImage) << tmp;
-      ASSERT_EQ(readFile(inTmp ? tmp : moved), whole_[record % kSmalls]) << tmp;
+      ASSERT_EQ(readFile(inTmp ? tmp : moved), whole_[each]) << tmp;
     }
   }
 
@@ -120,7 +109,8 @@ class LossTest : public CameraDataTest {
   Progress* const progress = new (shared) Progress;
 
  private:
-  std::string whole_[kSmalls];
+  /// Of one request: their names, and what they are when they are whole.
+  std::string file_[kCameras * kSmalls], whole_[kCameras * kSmalls];
 };
 
 TEST_F(LossTest, AKilledRunLosesNothingAndTheNextOneGoesOn) {
@@ -144,7 +134,8 @@ TEST_F(LossTest, AKilledRunLosesNothingAndTheNextOneGoesOn) {
 }
 
 TEST_F(CameraDataTest, ThreadsDumpAllRecordsAtOnce) {
-  constexpr unsigned int kThreads = 4, kEach = 15;
+  constexpr unsigned int kThreads = 4, kEach = 15;  // more requests than the ring has slots
+  fs::create_directory(kCamera + "image");
   std::vector<std::thread> threads;
   for (unsigned int thread = 0; thread < kThreads; ++thread) {
     threads.emplace_back([thread] {
@@ -155,15 +146,13 @@ TEST_F(CameraDataTest, ThreadsDumpAllRecordsAtOnce) {
           insertForCamx(request + 1, request + 100, camera);
           for (const RecordOperation& record : kAllRecords) {
             const bool counted = record.name == std::string("simulationForLscMeta");
-            for (const std::uint32_t mode : {0, 1}) {
-              SimulationInfo info = infoFor(mode, counted ? "shared" : folder.c_str());
-              Bytes data = callersMemory(record, 1);
-              if (mode == 0 || !counted) record.run(info, data.data(), request + 100, camera);
-            }
+            Bytes data = record.memory(1);
+            record.run(0, data, request + 100, camera, counted ? "shared" : folder.c_str());
+            if (!counted) record.run(1, data, request + 100, camera);
           }
         }
         std::vector<unsigned int> frames = {request + 1};
-        addForImageName(&frames, "none");
+        addForImageName(&frames, "image");
       }
     });
   }

@@ -3,7 +3,6 @@
 #include <simulation/records.h>
 
 #include <cstring>
-#include <string_view>
 
 namespace {
 
@@ -63,7 +62,9 @@ void acb(SimulationInfo& info, char* data, unsigned int request, unsigned int ca
   sim().SimulationForACB(&info, &image, request, camera);
 }
 
-constexpr std::uint32_t kRegions = 600;  // more than one buffer of text
+void put(Bytes& bytes, std::size_t at, std::uint32_t word) {
+  std::memcpy(&bytes[at], &word, sizeof word);
+}
 
 }  // namespace
 
@@ -104,21 +105,22 @@ const std::array<RecordOperation, 26> kAllRecords = {{
     {OPERATION(ACBdeviceOri), 8, false, 1, PLAIN(ACBdeviceOri)},
 }};
 
-Bytes callersMemory(const RecordOperation& operation, unsigned int seed) {
-  Bytes bytes(operation.size);
-  const std::string_view name = operation.name;
-  for (std::size_t at = 0; at + 4 <= bytes.size(); at += 4) {
-    const std::uint32_t word =
-        0x3F800000 + (seed * 7919 + static_cast<unsigned>(at) * 131) % 0x7FFFFF;
-    std::memcpy(&bytes[at], &word, sizeof word);
+void RecordOperation::run(std::uint32_t mode, Bytes& data, unsigned int request,
+                          unsigned int camera, const char* folder) const {
+  SimulationInfo info = {{}, folder, mode};
+  call(info, data.data(), request, camera);
+}
+
+Bytes RecordOperation::memory(unsigned int seed) const {
+  Bytes bytes(size);
+  for (std::uint32_t at = 0; at + 4 <= size; at += 4) {
+    put(bytes, at, 0x3F800000 + (seed * 7919 + at * 131) % 0x7FFFFF);
   }
-  const std::uint32_t header[] = {BayerGridOutput::kHasSatInfo, kRegions};
-  if (name.find("Stats") != name.npos && bytes.size() > 144) {
-    std::memcpy(bytes.data(), header, sizeof header);
+  if (size >= sizeof(BayerGridOutput)) {
+    put(bytes, 0, BayerGridOutput::kHasSatInfo);
+    put(bytes, offsetof(BayerGridOutput, numROIs), 600);  // more than one buffer of text
   }
-  const std::uint32_t entries = 3;
-  if (name == OPERATION(OTPCalibrationFactor)) std::memcpy(bytes.data(), &entries, sizeof entries);
-  // The sensor mode that a tuning mode is replayed for.
-  if (name == OPERATION(AWBTuningMode)) std::memcpy(&bytes[16], "mode    word", 12);
+  if (call == PLAIN(OTPCalibrationFactor)) put(bytes, 0, 3);
+  if (call == PLAIN(AWBTuningMode)) put(bytes, 16, 7), put(bytes, 24, 7);  // what must fit
   return bytes;
 }

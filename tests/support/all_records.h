@@ -4,26 +4,23 @@
 #include <simulation/simulation.h>
 
 #include <array>
-#include <cstddef>
-#include <ostream>
 #include <vector>
 
 using Bytes = std::vector<char>;
 
 struct RecordOperation {
   const char* name;
-  std::size_t size;  ///< of the caller's memory
-  bool staged;       ///< a readback replaces all that it replaces at once, or nothing
-  std::size_t files = 1;
-  void (*run)(SimulationInfo& info, char* data, unsigned int request, unsigned int camera);
+  std::size_t size;   ///< of the caller's memory
+  bool staged;        ///< a readback replaces all that it replaces at once, or nothing
+  std::size_t files;  ///< that a dump writes
+  void (*call)(SimulationInfo& info, char* data, unsigned int request, unsigned int camera);
+
+  void run(std::uint32_t mode, Bytes& data, unsigned int request, unsigned int camera,
+           const char* folder = "IMG_0001") const;
+
+  /// Memory that the operation may have: words that are numbers in every reading,
+  /// other ones for another seed.
+  Bytes memory(unsigned int seed) const;
 };
 
 extern const std::array<RecordOperation, 26> kAllRecords;
-
-inline std::ostream& operator<<(std::ostream& out, const RecordOperation& operation) {
-  return out << operation.name;
-}
-
-/// Memory of the caller's that any of the operations may have: words that are
-/// numbers in every reading, other ones for another seed.
-Bytes callersMemory(const RecordOperation& operation, unsigned int seed);
