@@ -21,7 +21,7 @@ constexpr std::size_t kSize = QSegImageInfo::kStatsSize;
 std::uint64_t blanksIn64(const char* text) {
   constexpr std::uint64_t kLow7 = 0x7F7F'7F7F'7F7F'7F7F;
   std::uint64_t blanks = 0;
-  for (unsigned int word = 0; word < 8; ++word) {
+  for (std::size_t word = 0; word < 8; ++word) {
     const std::uint64_t other = load<std::uint64_t>(text, 8 * word) ^ 0x2020'2020'2020'2020;
     const std::uint64_t tops = ~(((other & kLow7) + kLow7) | other | kLow7);  // 0x80 for a blank
     blanks |= ((tops >> 7) * 0x0102'0408'1020'4080 >> 56) << (8 * word);
