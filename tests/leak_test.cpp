@@ -18,18 +18,22 @@ namespace fs = std::filesystem;
 
 std::atomic<long> live;
 
-}  // namespace
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+// Out of line: once it sees through them, g++ takes malloc for a mismatched new.
+__attribute__((noinline)) void* take(std::size_t size) {
   ++live;
   return std::malloc(size);
 }
-void* operator new(std::size_t size) { return ::operator new(size, std::nothrow); }
-void operator delete(void* memory) noexcept {
+__attribute__((noinline)) void giveBack(void* memory) {
   live -= memory != nullptr;
   std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept { ::operator delete(memory); }
+
+}  // namespace
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return take(size); }
+void* operator new(std::size_t size) { return take(size); }
+void operator delete(void* memory) noexcept { giveBack(memory); }
+void operator delete(void* memory, std::size_t) noexcept { giveBack(memory); }
 
 namespace {
 
