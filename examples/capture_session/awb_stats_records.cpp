@@ -71,7 +71,7 @@ Bytes parsedStats(const View& view) {
 }
 
 void runParsedStats(const Call& call) {
-  call.simulation.SimulationForAWBParsedStatsOutput(call.info, &call.data[0], call.request,
+  call.simulation.SimulationForAWBParsedStatsOutput(call.info, call.data.data(), call.request,
                                                     call.camera, "preview");
   call.simulation.SimulationForAWBParsedStatsOutput(call.info, &call.data[kPreviewSize],
                                                     call.request, call.camera, "snapshot");
