@@ -1,4 +1,4 @@
-// Face-detection records: where each block lies, and that the first dump stays.
+// Face-detection results: where each block lies, and that the first dump stays.
 #include <array>
 
 #include "tests/support/camera_data.h"
@@ -8,9 +8,7 @@ namespace {
 using Sizes = std::array<unsigned long, 6>;
 using Blocks = std::array<std::string, 6>;
 
-const std::string kRequestFolder = kCamera + "tmp/RequestID[5]_camId[2]/";
-const std::string kResult = "simulation_FACE_FDResult_camId[2].bin";
-const std::string kRoi = "simulation_FACE_FaceROI_camId[2].bin";
+const std::string kResult = "simulation_FACE_FDResult_camId[3].bin";
 
 struct Face : CameraDataTest {
   Blocks run(std::uint32_t mode, Blocks blocks, const Sizes& sizes) {
@@ -19,21 +17,23 @@ struct Face : CameraDataTest {
     for (std::string& block : blocks) block.reserve(64);
     const auto at = [&](std::size_t i) { return blocks[i].empty() ? nullptr : blocks[i].data(); };
     simulation.SimulationForFDResult(&info, at(0), sizes[0], at(1), sizes[1], at(2), sizes[2],
-                                     at(3), sizes[3], at(4), sizes[4], at(5), sizes[5], 5, 2);
+                                     at(3), sizes[3], at(4), sizes[4], at(5), sizes[5], kRequest,
+                                     kCamId);
     return blocks;
-  }
-  void runRoi(std::uint32_t mode, std::string& roi) {
-    SimulationInfo info = infoFor(mode);
-    simulation.SimulationForFDROIData(&info, roi.data(), 5, 2);
   }
 };
 
 TEST_F(Face, TheFirstDumpStaysAndLacksOnlyTheBlockThatFailed) {
+  {
+    const ReadOnlyCameraData readOnly;
+    run(0, {}, {});
+    EXPECT_EQ(takeLog().size(), 2U + 12U) << "two folders, two lines for each block";
+  }
   run(0, {"aaaa", "", "", "dd", "e", "f"}, {4, 0, 3, 2, 1, 1});
   EXPECT_EQ(takeLog(),
             (LogLines{{6, "write size(-1) is not equal to we need(3) ,may be somthing wrong"}}));
   run(0, {"z"}, {1, 0, 0, 0, 0, 0});
-  EXPECT_EQ(readFile(kRequestFolder + kResult), "aaaaddef");
+  EXPECT_EQ(readFile(kCamera + kTmpFolder + kResult), "aaaaddef");
 }
 
 TEST_F(Face, ResultOffsetsAreTheSizesBefore) {
@@ -41,17 +41,19 @@ TEST_F(Face, ResultOffsetsAreTheSizesBefore) {
     Sizes sizes;
     Blocks blocks;
     std::size_t logged;
+    std::uint32_t mode = 1;
   } cases[] = {
       {{4, 0, 4, 2, 0, 2}, {"aaaa", "....", "cccc", "dd..", "....", "ff.."}, 0},
       {{4, 0, 3, 8, 2, 1}, {"aaaa", "....", "ccc.", "cddffggg", "g...", "...."}, 2},
       {{(1UL << 32) + 10, 2, 0, 0, 0, 0}, {"aaaaccccddffgggg", "ff..", "", "", "", ""}, 1},
       {{(1UL << 31) + 10, 2, 0, 0, 0, 0}, {"aaaaccccddffgggg", "aa..", "", "", "", ""}, 1},
+      {{4, 0, 4, 2, 0, 2}, {"....", "....", "....", "...."}, 0, 2},
   };
   writeFile(kCamera + kResult, cases[2].blocks[0]);
   for (const auto& row : cases) {
     Blocks live = row.blocks;
     for (std::string& block : live) block.assign(block.size(), '.');
-    EXPECT_EQ(run(1, live, row.sizes), row.blocks);
+    EXPECT_EQ(run(row.mode, live, row.sizes), row.blocks);
     EXPECT_EQ(takeLog().size(), row.logged);
   }
 }
@@ -62,17 +64,6 @@ TEST_F(Face, ResultOffsetsThatWrapAbortWhereTheyAreNeeded) {
   EXPECT_EQ(takeLog(), LogLines(6, {6, "open file:" + kCamera + kResult +
                                            " failed No such file or directory"}));
   EXPECT_EXIT(run(1, {}, {1, 0, 0, 0, kAll, 0}), testing::KilledBySignal(SIGABRT), "");
-}
-
-TEST_F(Face, RoiDumpStaysAndReadbackKeepsTheLiveHead) {
-  std::string saved = pattern(1784, 1);
-  std::string live = pattern(1784, 2);
-  runRoi(0, saved);
-  runRoi(0, live);
-  EXPECT_EQ(readFile(kRequestFolder + kRoi), saved);
-  writeFile(kCamera + kRoi, saved);
-  runRoi(1, live);
-  EXPECT_EQ(live, pattern(1784, 2).substr(0, 8) + saved.substr(8));
 }
 
 }  // namespace

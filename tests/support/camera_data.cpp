@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -31,11 +30,16 @@ std::string readFile(const std::string& path) {
   return (std::ostringstream() << file.rdbuf()).str();
 }
 
-std::vector<std::string> tree(const std::string& folder) {
-  std::vector<std::string> names;
+std::string golden(const std::string& name) {
+  return readFile(SIMULATION_GOLDEN_FOLDER + name + ".xml");
+}
+
+Names tree(const std::string& folder) {
+  Names names;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
     const std::string name = entry.path().lexically_relative(folder).string();
-    names.push_back(entry.is_directory() ? name + "/" : name);
+    std::error_code loop;
+    names.push_back(entry.is_directory(loop) ? name + "/" : name);
   }
   std::sort(names.begin(), names.end());
   return names;
@@ -44,13 +48,6 @@ std::vector<std::string> tree(const std::string& folder) {
 std::string withoutLine(std::string text, const std::string& part) {
   const std::size_t begin = text.rfind('\n', text.find(part)) + 1;
   return text.erase(begin, text.find('\n', begin) + 1 - begin);
-}
-
-std::optional<std::string> askXmllint(const std::string& xpath, const std::string& path) {
-  const std::string answer = kCamera + "answer";
-  const std::string command = "xmllint --xpath '" + xpath + "' '" + path + "' >" + answer;
-  if (std::system("xmllint --version 2>/dev/null") != 0) return std::nullopt;
-  return std::system(command.c_str()) == 0 ? readFile(answer) : "unreadable";
 }
 
 std::string pattern(std::size_t size, unsigned int seed) {

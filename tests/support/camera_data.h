@@ -6,13 +6,20 @@
 #include <simulation/simulation.h>
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "tests/support/captured_log.h"
 
 inline const std::string kCamera = "/data/vendor/camera/";
+
+/// The request and camera of record operations, and where their dumps go.
+inline constexpr unsigned int kRequest = 12;
+inline constexpr unsigned int kCamId = 3;
+inline const std::string kTmpFolder = "tmp/RequestID[12]_camId[3]/";
+inline const std::string kImageFolder = "IMG_0001/";
+
+using Names = std::vector<std::string>;
 
 class CameraDataTest : public testing::Test {
  protected:
@@ -23,17 +30,28 @@ class CameraDataTest : public testing::Test {
 
 SimulationInfo infoFor(std::uint32_t mode, const char* folderName = "IMG_0001");
 
+/// A record operation on the caller's `data`; those of the usual form are called
+/// by call<&Simulation::SimulationFor...>.
+using Operation = void (*)(SimulationInfo*, void* data);
+
+inline Simulation& sim() { return *SimulationMgr::getInstance(); }
+
+template <auto Member>
+void call(SimulationInfo* info, void* data) {
+  (sim().*Member)(info, data, kRequest, kCamId);
+}
+
 void writeFile(const std::string& path, const std::string& bytes);
 std::string readFile(const std::string& path);
 
+/// A document of tests/golden.
+std::string golden(const std::string& name);
+
 /// All files and folders below `folder`, relative to it, sorted; folders end in "/".
-std::vector<std::string> tree(const std::string& folder = kCamera);
+Names tree(const std::string& folder = kCamera);
 
 /// `text` without the first line that holds `part`.
 std::string withoutLine(std::string text, const std::string& part);
-
-/// What an independent XML reader finds at `xpath`; nothing where there is none.
-std::optional<std::string> askXmllint(const std::string& xpath, const std::string& path);
 
 /// Bytes that differ from place to place, and from seed to seed.
 std::string pattern(std::size_t size, unsigned int seed);
