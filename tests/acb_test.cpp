@@ -1,4 +1,4 @@
-// ACB records: the folder they name, two planes in one file, the orientation.
+// ACB records: the folder they name and two planes in one file.
 #include <simulation/records.h>
 #include <sys/stat.h>
 
@@ -92,19 +92,6 @@ TEST_F(Acb, FailuresNameThePlane) {
   fs::create_symlink("/dev/full", kWritten);
   EXPECT_EQ(run(0), (LogLines{{6, "Failed to write Y plane data to file " + kWritten}}));
   EXPECT_EQ(run(0, 0), (LogLines{{6, "Failed to write C plane data to file " + kWritten}}));
-}
-
-TEST_F(Acb, OrientationIsReplacedByAnIntegerOnly) {
-  const std::string file = kCamera + "simulation_ACB_acb_orientation_camId[3].xml";
-  for (const char* document : {"<Any><orientation>up</orientation></Any>",
-                               "<Any><Angle>9</Angle></Any>", "<!-- -->", ""}) {
-    AcbDeviceOrientation record = {7, 5};
-    SimulationInfo info = infoFor(1);
-    writeFile(file, document);
-    simulation.SimulationForACBdeviceOri(&info, &record, kRequest, kCamId);
-    EXPECT_EQ(record.orientation, 5) << document;
-  }
-  EXPECT_EQ(takeLog(), (LogLines{{6, "dump " + file + " fail error:13"}}));
 }
 
 }  // namespace

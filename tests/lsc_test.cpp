@@ -1,6 +1,4 @@
-// Lens shading: the number in the file name, and where a readback puts what it
-// finds.
-#include <stdexcept>
+// Lens shading: the number in the file name, and what a call returns.
 #include <thread>
 
 #include "tests/support/camera_data.h"
@@ -42,36 +40,12 @@ TEST_F(Lsc, EveryCallWithATableCounts) {
                                  {6, "load " + kCamera + fileName(0) + " failed"}}));
 }
 
-TEST_F(Lsc, ReadbackTakesElementsInOrderAndTextsWhole) {
-  const auto info = [](const std::string& channels) {
-    return "<Any><LensShadingInfo>" + channels + "</LensShadingInfo></Any>";
-  };
-  const struct {
-    std::string file;
-    bool found;
-    std::vector<float> gains;  ///< the beginning; -1 is live
-  } cases[] = {
-      {"<!-- no root -->", false, {-1}},
-      {"<Any/>", false, {-1}},
-      {info("<grGain>5 </grGain>"), true, {-1, -1}},
-      {info("<a>5 </a><rGain>1 2\n \n3 4</rGain><a>6 </a><rGain/><b>7</b><c>8 9 </c>"),
-       true,
-       {1, 6, -1, -1, 8, -1, -1, -1, 9}},
-  };
-  const auto readBack = [&](int index, const std::string& file) {
-    gains.assign(gains.size(), -1);
-    writeFile(kCamera + fileName(index), file);
-    return run(1, "table");
-  };
+TEST_F(Lsc, ReadbackTellsWhetherThereIsATable) {
   int index = 0;
-  for (const auto& row : cases) {
-    EXPECT_EQ(readBack(index++, row.file), row.found) << row.file;
-    EXPECT_EQ(std::vector(gains.data(), gains.data() + row.gains.size()), row.gains) << row.file;
+  for (const char* table : {"", "<LensShadingInfo/>"}) {
+    writeFile(kCamera + fileName(index++), std::string("<Any>") + table + "</Any>");
+    EXPECT_EQ(run(1, "table"), *table != '\0');
   }
-  EXPECT_THROW(readBack(index, info("<rGain>1 </rGain><a>2  3 </a><b>4 </b>")),
-               std::invalid_argument);
-  EXPECT_EQ(std::vector(gains.data(), gains.data() + 3), (std::vector<float>{1, -1, -1}));
-  EXPECT_EQ(takeLog(), LogLines{});
 }
 
 TEST_F(Lsc, NoCallOfAnyThreadIsLost) {

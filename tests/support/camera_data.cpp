@@ -30,9 +30,7 @@ std::string readFile(const std::string& path) {
   return (std::ostringstream() << file.rdbuf()).str();
 }
 
-std::string golden(const std::string& name) {
-  return readFile(SIMULATION_GOLDEN_FOLDER + name + ".xml");
-}
+std::string golden(const std::string& name) { return readFile(SIMULATION_GOLDEN_FOLDER + name); }
 
 Names tree(const std::string& folder) {
   Names names;

@@ -44,7 +44,7 @@ void call(SimulationInfo* info, void* data) {
 void writeFile(const std::string& path, const std::string& bytes);
 std::string readFile(const std::string& path);
 
-/// A document of tests/golden.
+/// A file of tests/golden.
 std::string golden(const std::string& name);
 
 /// All files and folders below `folder`, relative to it, sorted; folders end in "/".
