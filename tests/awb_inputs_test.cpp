@@ -55,15 +55,6 @@ TEST_F(AwbInput, ExtensionInfoCounts) {
   EXPECT_EXIT(runExtension(1, -1), KilledBySignal(SIGABRT), "");
 }
 
-TEST_F(AwbInput, LongTextCutsTheNameOfTheFile) {
-  SimulationInfo info = infoFor(0);
-  std::string record(144, 'x');
-  const std::string text(200, 't');
-  simulation.SimulationForAWBISPStatsConfig(&info, record.data(), kRequest, kCamId, text.c_str());
-  const std::string path = kCamera + kTmpFolder + "simulation_AWB_ISPAWBBGStatsConfig_" + text;
-  EXPECT_EQ(readFile(path.substr(0, 127)), record);
-}
-
 TEST_F(AwbInput, ExtExposureIgnoresTheFirstTenRequests) {
   float values[6] = {};
   const auto run = [&](std::uint32_t mode, unsigned int request) {
