@@ -88,32 +88,6 @@ TEST_F(Core, PathsAreCutAt127Characters) {
   EXPECT_EQ(simulation::Path("a", missing, 4294967295U).view(), "a(null)-1");
 }
 
-TEST_F(Core, ReadFromFile) {
-  const std::string path = kCamera + "data";
-  const std::string size = "read fileName:" + path + " size(";
-  const std::string unequal = ") is not equal to we need(4)";
-  const struct {
-    int offset;
-    ssize_t count;
-    std::string buffer;
-    LogLines log;
-  } cases[] = {
-      {0, 4, "0123", {}},
-      {-5, 4, "0123", {}},
-      {8, 4, "89ab", {}},
-      {10, 2, "ab..", {{6, size + "2" + unequal}}},
-      {99, 0, "....", {{6, size + "0" + unequal}}},
-  };
-  writeFile(path, "0123456789ab");
-  for (const auto& row : cases) {
-    std::string buffer = "....";
-    EXPECT_EQ(simulation.ReadFromFile(buffer.data(), std::string(path).data(), 4, row.offset),
-              row.count);
-    EXPECT_EQ(buffer, row.buffer) << row.offset;
-    EXPECT_EQ(takeLog(), row.log) << row.offset;
-  }
-}
-
 TEST_F(Core, WritetoFileOpensAsTheCallerSays) {
   std::string path = kCamera + "data";
   const struct {
@@ -134,39 +108,44 @@ TEST_F(Core, WritetoFileOpensAsTheCallerSays) {
   EXPECT_EQ(permissions(path), 0777U);
 }
 
-TEST_F(Core, FailuresShowTheLowBitsOfTheSize) {
-  const auto notRead = [](const char* size) {
-    return "read fileName:/dev size(-1) is not equal to we need(" + std::string(size) + ")";
-  };
-  const auto notWritten = [](const char* size) {
-    return "write size(-1) is not equal to we need(" + std::string(size) +
-           ") ,may be somthing wrong";
-  };
-  const std::string nowhere = kCamera + "nowhere/data";
-  const std::string notOpened = "open file:" + nowhere + " failed";
-  const std::string why = " No such file or directory";
+TEST_F(Core, FilesAreReadAtOffsetsAndFailuresShowTheLowBitsOfTheSize) {
+  const std::string data = kCamera + "data", nowhere = kCamera + "nowhere/data";
+  const std::string unequal = ") is not equal to we need(", missing = " No such file or directory";
+  const std::string readData = "read fileName:" + data + " size(";
+  const std::string readFolder = "read fileName:/dev size(-1" + unequal;
+  const std::string written = "write size(-1" + unequal, wrong = ") ,may be somthing wrong";
+  const std::string open = "open file:" + nowhere + " failed";
   const struct {
     bool write;
     std::string path;
     unsigned long size;
-    Names log;
+    int offset;
+    ssize_t count;
+    std::string buffer, log;
   } cases[] = {
-      {false, nowhere, 1, {notOpened + why}},
-      {false, "/dev", 5000000001UL, {notRead("705032705")}},
-      {false, "/dev", ~0UL, {notRead("-1")}},
-      {true, nowhere, 5000000001UL, {notOpened + ";" + why, notWritten("705032705")}},
-      {true, nowhere, ~0UL, {notOpened + ";" + why}},  // -1 bytes are what it needs
-      {true, "/dev/full", 1, {notWritten("1")}},
+      {false, data, 4, 0, 4, "0123", ""},
+      {false, data, 4, -5, 4, "0123", ""},
+      {false, data, 4, 8, 4, "89ab", ""},
+      {false, data, 4, 10, 2, "ab..", readData + "2" + unequal + "4)|"},
+      {false, data, 4, 99, 0, "....", readData + "0" + unequal + "4)|"},
+      {false, nowhere, 1, 0, -1, "....", open + missing + "|"},
+      {false, "/dev", 5000000001UL, 0, -1, "....", readFolder + "705032705)|"},
+      {false, "/dev", ~0UL, 0, -1, "....", readFolder + "-1)|"},
+      {true, nowhere, 5000000001UL, 0, -1, "....",
+       open + ";" + missing + "|" + written + "705032705" + wrong + "|"},
+      {true, nowhere, ~0UL, 0, -1, "....", open + ";" + missing + "|"},  // needs -1 bytes
+      {true, "/dev/full", 1, 0, -1, "....", written + "1" + wrong + "|"},
   };
-  for (const auto& [write, file, size, expected] : cases) {
-    char byte = 'x';
-    std::string path = file;
-    EXPECT_EQ(write ? simulation.WritetoFile(&byte, path.data(), size, O_WRONLY)
-                    : simulation.ReadFromFile(&byte, path.data(), size, 0),
-              -1);
-    Names texts;
-    for (const LogLine& line : takeLog()) texts.push_back(line.text);
-    EXPECT_EQ(texts, expected);
+  writeFile(data, "0123456789ab");
+  for (auto row : cases) {
+    std::string buffer = "....", log;
+    EXPECT_EQ(row.write
+                  ? simulation.WritetoFile(buffer.data(), row.path.data(), row.size, O_WRONLY)
+                  : simulation.ReadFromFile(buffer.data(), row.path.data(), row.size, row.offset),
+              row.count);
+    for (const LogLine& line : takeLog()) log += line.text + "|";
+    EXPECT_EQ(buffer, row.buffer);
+    EXPECT_EQ(log, row.log);
   }
 }
 

@@ -238,6 +238,7 @@ TEST_P(XmlRecords, OddDocuments) {
     }
     document = expected = "";
   }
+  EXPECT_EQ(document, "") << "the last case has no end";
 }
 
 using AllXmlRecords = CameraDataTest;
