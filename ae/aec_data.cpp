@@ -3,8 +3,6 @@
 #include <simulation/records.h>
 #include <simulation/simulation.h>
 
-#include <memory>
-
 #include "core/bytes.h"
 #include "core/data_paths.h"
 #include "core/log.h"
@@ -42,8 +40,11 @@ constexpr XmlField kFields[] = {
     {"DrcGainDark", AECOutputLayout::drcGainDark, writeFloat, queryFloat},
 };
 
+void logNoMemory(const char* path) { SimulationLog(kError, "create XMLDocument %s failed", path); }
+
 void dump(const char* path, const void* data) {
-  const auto printer = std::make_unique<XmlPrinter>(path);
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return logNoMemory(path);
   printer->OpenElement("SimulationData");
   printFields(*printer, data, kFields);
   printer->CloseElement();
@@ -82,12 +83,8 @@ void Simulation::SimulationForAECData(SimulationInfo* info, void* aecOutput, uns
                                       unsigned int camId, void* evIndex) {
   const Path prefix = recordPrefix(static_cast<int>(info->mode), FileType::AE, requestId, camId);
   const Path path(prefix, "_AECData_camId[", camId, "]_ev[", load<std::uint32_t>(evIndex), "].xml");
-  // Accounted for in every mode, though only a readback fills it.
+  if (info->mode == kDump) return dump(path.c_str(), aecOutput);
   const XmlDocument document = newXmlDocument();
-  if (document == nullptr) {
-    SimulationLog(kError, "create XMLDocument %s failed", path.c_str());
-    return;
-  }
-  if (info->mode == kDump) dump(path.c_str(), aecOutput);
+  if (document == nullptr) return logNoMemory(path.c_str());
   if (info->mode == kReadback) readBack(*document, path.c_str(), aecOutput);
 }

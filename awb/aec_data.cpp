@@ -2,7 +2,6 @@
 #include <simulation/records.h>
 #include <simulation/simulation.h>
 
-#include <memory>
 #include <string_view>
 
 #include "core/bytes.h"
@@ -33,7 +32,8 @@ void readMatrix(const tinyxml2::XMLElement& element, void* data) {
 }
 
 void dump(const char* path, const void* data) {
-  const auto printer = std::make_unique<XmlPrinter>(path);
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return;
   const char* const record = static_cast<const char*>(data);
   printer->OpenElement("SimulationData");
   printer->OpenElement("AWBAlgoExposureInformation");
@@ -81,9 +81,8 @@ using namespace simulation;
 void Simulation::SimulationForAWBAECData(SimulationInfo* info, void* data, unsigned int requestId,
                                          unsigned int camId) {
   const Path path = recordPath(*info, FileType::AWB, "_AECData", requestId, camId, ".xml");
-  // Accounted for in every mode, though only a readback fills it.
+  if (info->mode == kDump) return dump(path.c_str(), data);
   const XmlDocument document = newXmlDocument();
   if (document == nullptr) return;
-  if (info->mode == kDump) dump(path.c_str(), data);
   if (info->mode == kReadback) readBack(*document, path.c_str(), data);
 }

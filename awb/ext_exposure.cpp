@@ -57,7 +57,7 @@ void Simulation::SimulationForAWBExtExposure(SimulationInfo* info, void* data,
   auto document = std::make_unique<RecordDocument>();
   if (info->mode == kDump) dump(path.c_str(), data);
   if (info->mode == kReadback) readBack(*document, path.c_str(), data);
-  // Left allocated on purpose: this record's document is never freed (some 10 KB
-  // for each readback).
+  // Left allocated on purpose: this record's document is never freed (1 KB for a
+  // dump, some 10 KB for a readback, more for a larger file).
   (void)document.release();  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
 }

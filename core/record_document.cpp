@@ -55,6 +55,7 @@ tinyxml2::XMLError RecordDocument::load(const char* path) {
   // Whatever is wrong with the file, tinyxml2 says what, and what it could parse.
   if (loadWithoutLists(path)) return tinyxml2::XML_SUCCESS;
   lists_.clear();
+  file_.reset();
   return LoadFile(path);
 }
 

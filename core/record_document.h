@@ -13,8 +13,8 @@ namespace simulation {
 /// Entities are processed, whitespace is preserved.
 class RecordDocument final : public tinyxml2::XMLDocument {
  public:
-  /// What LoadFile does, with the same outcome for every file. Texts are to be
-  /// had from textOf().
+  /// What LoadFile does, with the same outcome for every regular file. Texts are
+  /// to be had from textOf().
   tinyxml2::XMLError load(const char* path);
 
  private:

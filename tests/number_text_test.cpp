@@ -52,7 +52,9 @@ class Readings {
     out_ << std::hexfloat;
     list<std::uint64_t>(ours);
     list<std::uint16_t>(ours);
+#ifndef _LIBCPP_VERSION  // whose streams differ in odd floats: see OddFloatLists
     list<float>(ours);
+#endif
     float value = 77;
     const char* const begin = text.c_str();
     out_ << (ours ? scanFloat(begin, value) : std::sscanf(begin, "%f", &value) == 1) << value;
@@ -151,6 +153,33 @@ TEST(NumberText, Floats) {
 TEST(NumberText, OddTokens) {
   for (const std::string& token : oddTokens()) {
     for (const char* tail : {"", " ", "x", " 12 ", ".", "-"}) checkReading(token + tail);
+  }
+}
+
+TEST(NumberText, OddFloatLists) {
+  // Floats are those of libstdc++ with every standard library.
+  constexpr const char* kRows[][2] = {
+      {"1.5abc 2", "1.5 "},
+      {"1.5.5 -.25", "1.5 0.5 -0.25 "},
+      {"1e5e5", "100000 "},
+      {"1-2+3", "1 -2 3 "},
+      {"1,5", "1 "},
+      {"0x10", "0 "},
+      {"4 inf", "4 "},
+      {"4 -NAN", "4 "},
+      {"4 1e+ 2", "4 "},
+      {"4 . 2", "4 "},
+      {"4 e5", "4 "},
+      {"3.4028236e38 1", ""},
+      {"5. 1e-46 2", "5 0 2 "},
+  };
+  for (const auto& [text, expected] : kRows) {
+    std::string values;
+    const char* cursor = text;
+    for (float value; extract(cursor, text + std::strlen(text), value);) {
+      values += streamed(value, 6, false) + ' ';
+    }
+    EXPECT_EQ(values, expected) << text;
   }
 }
 

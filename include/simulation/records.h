@@ -83,9 +83,9 @@ struct BayerGridOutput {
   std::uint32_t channelGainThreshold[4];
   float BLStretchFactor;  ///< black-level stretch
 
-  /// The regions, in one of two forms that begin at the same place. The library
-  /// touches valid regions only, so that a caller which never sets kHasSatInfo
-  /// needs no more memory than `regions` takes.
+  /// The regions, in one of two forms that begin at the same place. A dump
+  /// touches valid regions only; a readback takes their number and form from the
+  /// file, so all of this memory must be there.
   union {
     BGRegionStats regions[kMaxRegions + 1];
     BGRegionPair pairs[kMaxRegions];
