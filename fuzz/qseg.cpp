@@ -10,8 +10,7 @@ namespace {
 
 /// The labels that the parser and the standard conversion find.
 std::string labelsIn(const tinyxml2::XMLDocument& document) {
-  const tinyxml2::XMLNode* root = document.FirstChild();
-  const auto* element = root != nullptr ? root->FirstChildElement("qsegStatsInfo") : nullptr;
+  const auto* element = document.FirstChild()->FirstChildElement("qsegStatsInfo");
   const char* const text = element != nullptr ? element->GetText() : nullptr;
   std::string_view rest(text != nullptr ? text : "");
   std::string labels;
@@ -35,7 +34,8 @@ void checkLabels(const tinyxml2::XMLDocument& document, fuzz::Record& image) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::setInput(fuzz::textOf(data, size));
   tinyxml2::XMLDocument document;
-  const bool loads = document.LoadFile(fuzz::kInputFile) == tinyxml2::XML_SUCCESS;
+  const bool loads = document.LoadFile(fuzz::kInputFile) == tinyxml2::XML_SUCCESS &&
+                     document.FirstChild() != nullptr;
   SimulationInfo info = fuzz::readback();
   fuzz::Record image(sizeof(QSegImageInfo));
   const fuzz::Result result =
