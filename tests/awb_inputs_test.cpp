@@ -28,7 +28,7 @@ TEST_F(AwbInput, TuningModeIsReplayedOnlyOntoItsOwnSensorMode) {
     std::string log;
   } cases[] = {{16, 3, 5, different + "3 now:5"},
                {17, 3, 0, different + "768 now:0"},
-               {17, -1, 0, different + "65280 now:0"},
+               {17, '\xFF', 0, different + "65280 now:0"},
                {24, 1, 2, ""},
                {27, 1, 2, ""}};
   for (const auto& row : cases) {
