@@ -13,8 +13,6 @@ const std::string kResult = "simulation_FACE_FDResult_camId[3].bin";
 struct Face : CameraDataTest {
   Blocks run(std::uint32_t mode, Blocks blocks, const Sizes& sizes) {
     SimulationInfo info = infoFor(mode);
-    // On the heap: from the stack, sizes beyond 4 GiB can leave the address space.
-    for (std::string& block : blocks) block.reserve(64);
     const auto at = [&](std::size_t i) { return blocks[i].empty() ? nullptr : blocks[i].data(); };
     simulation.SimulationForFDResult(&info, at(0), sizes[0], at(1), sizes[1], at(2), sizes[2],
                                      at(3), sizes[3], at(4), sizes[4], at(5), sizes[5], kRequest,
@@ -45,11 +43,11 @@ TEST_F(Face, ResultOffsetsAreTheSizesBefore) {
   } cases[] = {
       {{4, 0, 4, 2, 0, 2}, {"aaaa", "....", "cccc", "dd..", "....", "ff.."}, 0},
       {{4, 0, 3, 8, 2, 1}, {"aaaa", "....", "ccc.", "cddffggg", "g...", "...."}, 2},
-      {{(1UL << 32) + 10, 2, 0, 0, 0, 0}, {"aaaaccccddffgggg", "ff..", "", "", "", ""}, 1},
-      {{(1UL << 31) + 10, 2, 0, 0, 0, 0}, {"aaaaccccddffgggg", "aa..", "", "", "", ""}, 1},
+      {{(1UL << 32) + 10, 2, 0, 0, 0, 0}, {"", "ff..", "", "", "", ""}, 1},
+      {{(1UL << 31) + 10, 2, 0, 0, 0, 0}, {"", "aa..", "", "", "", ""}, 1},
       {{4, 0, 4, 2, 0, 2}, {"....", "....", "....", "...."}, 0, 2},
   };
-  writeFile(kCamera + kResult, cases[2].blocks[0]);
+  writeFile(kCamera + kResult, "aaaaccccddffgggg");
   for (const auto& row : cases) {
     Blocks live = row.blocks;
     for (std::string& block : live) block.assign(block.size(), '.');
