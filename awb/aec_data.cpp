@@ -43,8 +43,9 @@ void dump(const char* path, const void* data) {
   writeUnsigned64Attribute(*printer, "frameDuration",
                            record + offsetof(AWBExposureInfo, frameDuration));
   printer->OpenElement("BETemplateMatrix");
-  printer->pushNumbers(writeStreamFloat, kMatrixSize,
-                       [record](std::size_t i) { return load<float>(record, matrixAt(i)); });
+  printer->pushNumbers(kMatrixSize, [record](char* out, std::size_t i) {
+    return writeBlank(writeStreamFloat(out, load<float>(record, matrixAt(i))));
+  });
   printer->CloseElement();
   printer->CloseElement();
   printer->CloseElement();

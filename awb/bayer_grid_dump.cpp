@@ -32,8 +32,7 @@ void writeThresholds(XmlPrinter& printer, const SimulationAWBBGStats& copy) {
   char text[4 * (kUnsignedRoom + 1) + 1];
   char* end = text;
   for (const std::uint32_t threshold : copy.channelGainThreshold) {
-    end = writeUnsigned(end, threshold);
-    *end++ = ' ';
+    end = writeBlank(writeUnsigned(end, threshold));
   }
   *end = '\0';
   printer.PushAttribute("channelGainThreshold", text);
@@ -51,8 +50,9 @@ void writeHeader(XmlPrinter& printer, const SimulationAWBBGStats& copy) {
 
 template <typename Value>
 void writeValues(XmlPrinter& printer, const SimulationAWBBGStats& copy, std::size_t offset) {
-  printer.pushNumbers(writeUnsigned, copy.numROIs,
-                      [&](std::size_t i) { return load<Value>(&copy.regions[i], offset); });
+  printer.pushNumbers(copy.numROIs, [&](char* out, std::size_t i) {
+    return writeItem(out, load<Value>(&copy.regions[i], offset));
+  });
 }
 
 void writeRegions(XmlPrinter& printer, const SimulationAWBBGStats& copy) {

@@ -47,7 +47,7 @@ const char* takeDigits(const char* text, const char* end, Digits& digits, int mo
     digits.value = digits.value * kWholePowersOfTen[leading.count] + leading.value;
     digits.count += leading.count;
     text += leading.count;
-    if (leading.count < 8) return text;
+    if (text == end || digitOf(*text) > 9) return text;
   }
   for (; text != end && digits.count < most; ++text, ++digits.count) {
     const unsigned int digit = digitOf(*text);
@@ -76,6 +76,7 @@ bool nearestFloat(const Digits& digits, int power, float& value) {
 const char* takePlainFloat(const char* text, const char* end, float& value) {
   constexpr int kMostDigits = 19;
   text = skipBlanks(text, end);
+  if (const char* const stop = takeListedFloat(text, end, value)) return stop;
   const bool negative = text != end && *text == '-';
   if (text != end && isSign(*text)) ++text;
   Digits digits;
@@ -136,8 +137,23 @@ bool extractDigits(const char*& cursor, const char* end, std::uint64_t most, std
   return fits && value <= most;
 }
 
+/// Takes a number of up to eight digits, with one blank in front at most.
+template <typename Unsigned>
+bool takePlainUnsigned(const char*& cursor, const char* end, Unsigned& value) {
+  if (end - cursor < 10) return false;
+  const char* const text = cursor + (*cursor == ' ' ? 1 : 0);
+  const LeadingDigits digits(text);
+  const char* const stop = text + digits.count;
+  const bool plain = digits.count != 0 && digitOf(*stop) > 9;
+  if (!plain || digits.value > std::numeric_limits<Unsigned>::max()) return false;
+  cursor = stop;
+  value = static_cast<Unsigned>(digits.value);
+  return true;
+}
+
 template <typename Unsigned>
 bool extractUnsigned(const char*& cursor, const char* end, Unsigned& value) {
+  if (takePlainUnsigned(cursor, end, value)) return true;
   cursor = skipBlanks(cursor, end);
   const bool negative = cursor != end && *cursor == '-';
   if (cursor != end && isSign(*cursor)) ++cursor;
@@ -191,6 +207,17 @@ long long toLongLong(std::string_view text) {
   if (takePlainInteger<18>(text, value)) return value;
   const ClassicLocale classic;
   return std::stoll(std::string(text));
+}
+
+const char* takeListedFloat(const char* text, const char* end, float& value) {
+  if (end - text < 18) return nullptr;
+  const LeadingDigits whole(text);
+  const char* stop = text + whole.count;
+  if (whole.count == 0 || *stop != '.') return nullptr;
+  const LeadingDigits fraction(stop + 1);
+  stop += 1 + fraction.count;
+  const Digits digits = {whole.value * kWholePowersOfTen[fraction.count] + fraction.value, 0};
+  return *stop == ' ' && nearestFloat(digits, fraction.count, value) ? stop : nullptr;
 }
 
 float toFloat(std::string_view text) {

@@ -6,11 +6,12 @@
 // operation; what that can't prove right goes to the C library's own functions.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+
+#include "core/eight_digits.h"
 
 namespace simulation {
 
@@ -29,19 +30,6 @@ inline constexpr std::size_t kFixedFloatRoom = 47;
 char* writeUnsigned(char* out, std::uint64_t value);
 char* writeSigned(char* out, std::int64_t value);
 
-/// A byte and one blank: an item of a long list. One word, so that it is had with
-/// one look.
-struct alignas(8) ByteItem {
-  std::array<char, kByteItemRoom> text;
-  std::uint32_t length;
-};
-extern const std::array<ByteItem, 256> kByteItems;
-
-inline char* writeByteItem(char* out, std::uint8_t value) {
-  std::memcpy(out, kByteItems[value].text.data(), kByteItemRoom);
-  return out + kByteItems[value].length;
-}
-
 /// Six significant digits, as a stream writes a float by default.
 char* writeStreamFloat(char* out, float value);
 
@@ -50,6 +38,26 @@ char* writeXmlFloat(char* out, float value);
 
 /// Exactly six digits after the point, as a stream with std::fixed writes a float.
 char* writeFixedFloat(char* out, float value);
+
+/// What stands behind each number of a list.
+inline char* writeBlank(char* out) {
+  *out = ' ';
+  return out + 1;
+}
+
+/// A number of a long list and its blank: quick for numbers below 10^8.
+inline char* writeItem(char* out, std::uint64_t value) {
+  if (value >= kTenTo8) return writeBlank(writeUnsigned(out, value));
+  return writeBlank(writeUpTo8(out, static_cast<std::uint32_t>(value)));
+}
+
+/// The same: quick for numbers below 10^4.
+inline char* writeItem(char* out, std::uint16_t value) {
+  return value < 10000 ? writeUpTo4Item(out, value) : writeBlank(writeUnsigned(out, value));
+}
+
+/// Numbers of a very long list, with their blanks.
+char* writeItems(char* out, const std::uint8_t* values, std::size_t count);
 /// @}
 
 /// @name Stream extraction
@@ -71,6 +79,11 @@ int toInt(std::string_view text);
 long long toLongLong(std::string_view text);
 float toFloat(std::string_view text);
 /// @}
+
+/// The quick part of the above for long lists: takes a number of the common form
+/// 1234.5678 and returns where the blank behind it is. Null, and nothing done, for
+/// any other text and near the `end`.
+const char* takeListedFloat(const char* text, const char* end, float& value);
 
 /// What sscanf's "%f" finds in `text`, which is how tinyxml2 reads a float. False,
 /// with `value` as it was, when that is nothing.

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "core/bytes.h"
 #include "core/classic_locale.h"
 #include "core/eight_digits.h"
 #include "core/number_text.h"
@@ -11,19 +12,29 @@
 
 namespace simulation {
 
-const std::array<ByteItem, 256> kByteItems = [] {
-  std::array<ByteItem, 256> items = {};
+namespace {
+
+/// The items of all bytes. In one word is the text, in its low four bytes, and
+/// the length: all is had with one look.
+constexpr auto kByteItems = [] {
+  std::array<std::uint64_t, 256> items = {};
   for (unsigned int value = 0; value < items.size(); ++value) {
-    auto& [text, length] = items[value];
-    for (unsigned int unit = value < 10 ? 1 : value < 100 ? 10 : 100; unit != 0; unit /= 10) {
-      text[length++] = static_cast<char>('0' + value / unit % 10);
+    std::uint64_t text = ' ';
+    std::uint64_t length = 1;
+    for (unsigned int rest = value; rest != 0 || length == 1; rest /= 10, ++length) {
+      text = text << 8 | ('0' + rest % 10);
     }
-    text[length++] = ' ';
+    items[value] = length << 32 | text;
   }
   return items;
 }();
 
-namespace {
+char* writeByteItem(char* out, std::uint8_t value) {
+  const std::uint64_t item = kByteItems[value];
+  const auto text = static_cast<std::uint32_t>(item);
+  std::memcpy(out, &text, sizeof text);
+  return out + (item >> 32);
+}
 
 constexpr auto kDigitPairs = [] {
   std::array<char, 200> pairs = {};
@@ -46,21 +57,18 @@ char* writeDigits(char* out, std::uint64_t value, int count) {
   return out + count;
 }
 
-constexpr std::uint64_t kZeros = 0x3030'3030'3030'3030;
-
 char* writeEight(char* out, std::uint32_t value) {
-  const std::uint64_t text = spreadDigits(value) | kZeros;
+  const std::uint64_t text = spreadDigits(value) | kZeroDigits;
   std::memcpy(out, &text, sizeof text);
   return out + sizeof text;
 }
 
-/// Without zeros in front; eight characters are written over all the same.
-char* writeUpTo8(char* out, std::uint32_t value) {
-  const std::uint64_t digits = spreadDigits(value);
-  const int zeros = __builtin_ctzll(digits | std::uint64_t{1} << 56) / 8;
-  const std::uint64_t text = (digits | kZeros) >> (8 * zeros);
+/// d.dddddd: the first of eight digits makes room for the point.
+char* writeSevenDigits(char* out, std::uint64_t millionths) {
+  const std::uint64_t digits = spreadDigits(static_cast<std::uint32_t>(millionths)) | kZeroDigits;
+  const std::uint64_t text = (digits & ~std::uint64_t{0xFFFF}) | '.' << 8 | (digits >> 8 & 0xFF);
   std::memcpy(out, &text, sizeof text);
-  return out + sizeof text - zeros;
+  return out + sizeof text;
 }
 
 /// Half to even, as printf rounds. `value` is below 2^53 and exact.
@@ -180,6 +188,18 @@ char* writeSigned(char* out, std::int64_t value) {
   return writeUnsigned(out, magnitude);
 }
 
+char* writeItems(char* out, const std::uint8_t* values, std::size_t count) {
+  std::size_t i = 0;
+  for (; count - i >= 8; i += 8) {
+    std::uint64_t eight = load<std::uint64_t>(values + i);
+    for (int byte = 0; byte < 8; ++byte, eight >>= 8) {
+      out = writeByteItem(out, static_cast<std::uint8_t>(eight));
+    }
+  }
+  for (; i < count; ++i) out = writeByteItem(out, values[i]);
+  return out;
+}
+
 char* writeStreamFloat(char* out, float value) { return writeGeneral<6>(out, value, "%.6g"); }
 
 char* writeXmlFloat(char* out, float value) { return writeGeneral<8>(out, value, "%.8g"); }
@@ -191,6 +211,7 @@ char* writeFixedFloat(char* out, float value) {
   if (!(scaled < 9e15)) return print(out, "%.6f", value);
   if (std::signbit(value)) *out++ = '-';
   const std::uint64_t millionths = roundToInteger(scaled);
+  if (millionths < kTenTo8 / 10) return writeSevenDigits(out, millionths);
   out = writeUnsigned(out, millionths / 1000000);
   *out++ = '.';
   return writeDigits(out, millionths % 1000000, 6);

@@ -65,32 +65,33 @@ bool RecordDocument::loadWithoutLists(const char* path) {
   file_.reset(new char[size]);
   if (size == 0 || readUpTo(file, file_.get(), size) != size) return false;
   const std::string_view text(file_.get(), size);
-  if (!mayHoldLists(text)) return false;
   const std::unique_ptr<char[]> rest(new char[size]);
   const char* const end = takeLists(text, rest.get());
+  if (lists_.empty()) return parses(text);
+  if (!mayHoldLists(text)) return false;
   for (const std::string_view list : lists_)
     file_.get()[list.data() + list.size() - file_.get()] = '\0';
-  return Parse(rest.get(), static_cast<std::size_t>(end - rest.get())) == tinyxml2::XML_SUCCESS;
+  return parses({rest.get(), static_cast<std::size_t>(end - rest.get())});
 }
 
 /// Copies `text` to `out`, with marks instead of its lists. Returns the end.
 const char* RecordDocument::takeLists(std::string_view text, char* out) {
-  while (!text.empty()) {
-    const std::size_t begin = text.find('>') + 1;  // 0 when there is none
-    const std::size_t end = text.find('<', begin);
+  std::size_t copied = 0;
+  const auto copyUpTo = [&](std::size_t at) { out += text.copy(out, at - copied, copied); };
+  for (std::size_t end = 0; lists_.size() < kMostLists;) {
+    const std::size_t begin = text.find('>', end) + 1;  // 0 when there is none
+    end = text.find('<', begin);
     if (begin == 0 || end == std::string_view::npos) break;
-    out += text.copy(out, begin);
     const std::string_view list = text.substr(begin, end - begin);
-    if (list.size() >= kShortestList && lists_.size() < kMostLists && isList(list)) {
-      *out++ = kListMark;
-      *out++ = static_cast<char>('A' + lists_.size());
-      lists_.push_back(list);
-    } else {
-      out += list.copy(out, list.size());
-    }
-    text.remove_prefix(end);
+    if (list.size() < kShortestList || !isList(list)) continue;
+    copyUpTo(begin);
+    copied = end;
+    *out++ = kListMark;
+    *out++ = static_cast<char>('A' + lists_.size());
+    lists_.push_back(list);
   }
-  return out + text.copy(out, text.size());
+  copyUpTo(text.size());
+  return out;
 }
 
 std::string_view textOf(const tinyxml2::XMLElement& element) {

@@ -22,6 +22,9 @@ class RecordDocument final : public tinyxml2::XMLDocument {
 
   bool loadWithoutLists(const char* path);
   const char* takeLists(std::string_view text, char* out);
+  bool parses(std::string_view text) {
+    return Parse(text.data(), text.size()) == tinyxml2::XML_SUCCESS;
+  }
 
   std::unique_ptr<char[]> file_;         ///< the file that was loaded
   std::vector<std::string_view> lists_;  ///< the lists in it

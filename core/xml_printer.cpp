@@ -12,11 +12,11 @@ namespace simulation {
 void XmlPrinter::pushBytes(const std::uint8_t* bytes, std::size_t count) {
   constexpr std::size_t kBytesBlock = 4096;
   beginText();
-  for (std::size_t i = 0; i < count;) {
-    const std::size_t stop = std::min(count, i + kBytesBlock);
-    char* out = makeRoom(kBytesBlock * kByteItemRoom);
-    for (; i < stop; ++i) out = writeByteItem(out, bytes[i]);
-    end_ = out;
+  while (count > 0) {
+    const std::size_t part = std::min(count, kBytesBlock);
+    end_ = writeItems(makeRoom(kBytesBlock * kByteItemRoom), bytes, part);
+    bytes += part;
+    count -= part;
   }
 }
 

@@ -30,18 +30,15 @@ class XmlPrinter final : public tinyxml2::XMLPrinter {
     end_ = write(makeRoom(kNumberRoom), value);
   }
 
-  /// The same for `count` values, number i of them being valueAt(i), with one
-  /// blank behind each.
-  template <typename Write, typename ValueAt>
-  void pushNumbers(Write write, std::size_t count, ValueAt valueAt) {
+  /// The same for a list of `count` numbers: write(out, i) writes number i with one
+  /// blank behind it and returns the end.
+  template <typename Write>
+  void pushNumbers(std::size_t count, Write write) {
     beginText();
     for (std::size_t i = 0; i < count;) {
       const std::size_t stop = std::min(count, i + kBlock);
       char* out = makeRoom(kBlock * kNumberRoom);
-      for (; i < stop; ++i) {
-        out = write(out, valueAt(i));
-        *out++ = ' ';
-      }
+      for (; i < stop; ++i) out = write(out, i);
       end_ = out;
     }
   }

@@ -96,8 +96,11 @@ void compareWriters(std::string_view bytes) {
                  std::to_string(valueIn<std::uint64_t>(bytes)));
   compareWriting(simulation::writeSigned, valueIn<std::int64_t>(bytes),
                  std::to_string(valueIn<std::int64_t>(bytes)));
-  compareWriting(simulation::writeByteItem, valueIn<std::uint8_t>(bytes),
-                 std::to_string(valueIn<std::uint8_t>(bytes)) + " ");
+  const auto item = [](char* out, auto number) { return simulation::writeItem(out, number); };
+  compareWriting(item, valueIn<std::uint64_t>(bytes),
+                 std::to_string(valueIn<std::uint64_t>(bytes)) + ' ');
+  compareWriting(item, valueIn<std::uint16_t>(bytes),
+                 std::to_string(valueIn<std::uint16_t>(bytes)) + ' ');
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <simulation/records.h>
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -21,9 +22,10 @@ constexpr const char* kChannels[kLscChannels] = {"rGain", "grGain", "gbGain", "b
 /// A line for each row, a blank behind each gain.
 void writeGrid(XmlPrinter& printer, const void* table, std::size_t channel) {
   for (std::size_t row = 0; row < kLscRows; ++row) {
-    printer.pushNumbers(writeFixedFloat, kLscColumns, [=](std::size_t column) {
+    printer.pushNumbers(kLscColumns, [=](char* out, std::size_t column) {
       const std::size_t cell = row * kLscColumns + column;
-      return load<float>(table, (cell * kLscChannels + channel) * sizeof(float));
+      const auto gain = load<float>(table, (cell * kLscChannels + channel) * sizeof(float));
+      return writeBlank(writeFixedFloat(out, gain));
     });
     printer.pushCharacter('\n');
   }
@@ -33,11 +35,18 @@ void writeGrid(XmlPrinter& printer, const void* table, std::size_t channel) {
 std::vector<float> splitGains(std::string_view text) {
   std::vector<float> gains;
   gains.reserve(kLscRows * kLscColumns);
-  for (std::size_t blank; (blank = text.find(' ')) != std::string_view::npos;) {
-    gains.push_back(toFloat(text.substr(0, blank)));
-    text.remove_prefix(blank + 1);
+  const char* const end = text.data() + text.size();
+  for (const char* gain = text.data();;) {
+    float value;
+    const char* blank = takeListedFloat(gain, end, value);
+    if (blank == nullptr) {
+      blank = std::find(gain, end, ' ');
+      if (blank == end) return gains;
+      value = toFloat({gain, static_cast<std::size_t>(blank - gain)});
+    }
+    gains.push_back(value);
+    gain = blank + 1;
   }
-  return gains;
 }
 
 }  // namespace

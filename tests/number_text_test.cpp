@@ -105,6 +105,7 @@ void checkFloat(float value) {
 void checkInteger(std::uint64_t value) {
   const auto both = static_cast<std::int64_t>(value);
   ASSERT_EQ(written(writeUnsigned, value), std::to_string(value));
+  ASSERT_EQ(written<std::uint64_t>(writeItem, value), std::to_string(value) + ' ');
   ASSERT_EQ(written(writeSigned, both), std::to_string(both));
   checkReading(std::to_string(value) + ' ' + std::to_string(both));
 }
@@ -112,9 +113,17 @@ void checkInteger(std::uint64_t value) {
 TEST(NumberText, Integers) {
   for (std::uint64_t value = 0; value < 65536; ++value) {
     checkReading(std::to_string(value));
-    const auto byte = static_cast<std::uint8_t>(value);
-    ASSERT_EQ(written(writeByteItem, byte), std::to_string(byte) + " ");
+    ASSERT_EQ(written<std::uint16_t>(writeItem, static_cast<std::uint16_t>(value)),
+              std::to_string(value) + ' ');
   }
+  std::vector<std::uint8_t> bytes(300);
+  std::iota(bytes.begin(), bytes.end(), 0);
+  std::string items;
+  for (const std::uint8_t byte : bytes) items += std::to_string(byte) + ' ';
+  std::string text(bytes.size() * kByteItemRoom, '\0');
+  text.resize(
+      static_cast<std::size_t>(writeItems(text.data(), bytes.data(), bytes.size()) - text.data()));
+  ASSERT_EQ(text, items);
   std::mt19937_64 random(1);
   for (unsigned i = 0; i < kRandomNumbers / 4; ++i) checkInteger(random() >> (i % 64));
   for (std::uint64_t ten = 1; ten < 10000000000000000000U; ten *= 10) {

@@ -1,8 +1,12 @@
 // The scene segmentation: the bounds of its label map, and odd calls.
 #include <simulation/records.h>
 
+#include <cstring>
 #include <memory>
+#include <random>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "tests/support/camera_data.h"
 
@@ -28,6 +32,40 @@ TEST_F(QSeg, MoreLabelsThanTheMapHoldsAbortUnlessOneIsBad) {
   readLabels(307200);
   EXPECT_EQ(record->qsegStatsInfo[307199], 1);
   EXPECT_EQ(record->qsegInstInfos[0].requestId, 0U);
+}
+
+// Plain labels are taken many at a time: odd ones stand at all places among them.
+TEST_F(QSeg, LabelsAreReadAsTheStandardConversionReadsThem) {
+  const std::vector<std::string> odd = {"007",  "-1",       "+5",  "256",         "999",
+                                        "1234", "00012345", "12x", "\n3",         "-",
+                                        "x",    "1-",       "x9",  "77777777777", ""};
+  std::mt19937 random(7);
+  for (int round = 0; round < 300; ++round) {
+    std::string text;
+    std::string expected(reinterpret_cast<char*>(record->qsegStatsInfo), QSegImageInfo::kStatsSize);
+    const std::string before = expected;
+    bool bad = false;
+    for (unsigned i = 0; i < 1000; ++i) {
+      const bool isOdd = random() % 2000 == 0;
+      const std::string label = isOdd ? odd[random() % odd.size()] : std::to_string(random() % 256);
+      text += label + ' ';
+      try {
+        expected[i] = static_cast<char>(std::stoi(label));
+      } catch (const std::logic_error&) {
+        bad = true;
+      }
+    }
+    writeFile(path, "<a><qsegStatsInfo>" + text + "12</qsegStatsInfo></a>");
+    const auto read = [this] { simulation.readQsegImageData(record.get(), path.data()); };
+    if (bad) {
+      EXPECT_THROW(read(), std::logic_error) << text;
+    } else {
+      EXPECT_NO_THROW(read()) << text;
+    }
+    ASSERT_EQ(0,
+              std::memcmp(record->qsegStatsInfo, (bad ? before : expected).data(), before.size()))
+        << text;
+  }
 }
 
 TEST_F(QSeg, DumpsThatCannotBeMadeAreLogged) {

@@ -2,6 +2,8 @@
 
 #include <simulation/records.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -17,70 +19,101 @@ namespace {
 
 constexpr std::size_t kSize = QSegImageInfo::kStatsSize;
 
-/// Bit i is set where text[i], one of 64 characters, is a blank.
-std::uint64_t blanksIn64(const char* text) {
-  constexpr std::uint64_t kLow7 = 0x7F7F'7F7F'7F7F'7F7F;
-  std::uint64_t blanks = 0;
-  for (std::size_t word = 0; word < 8; ++word) {
-    const std::uint64_t other = load<std::uint64_t>(text, 8 * word) ^ 0x2020'2020'2020'2020;
-    const std::uint64_t tops = ~(((other & kLow7) + kLow7) | other | kLow7);  // 0x80 for a blank
-    blanks |= ((tops >> 7) * 0x0102'0408'1020'4080 >> 56) << (8 * word);
+/// Plain labels, of one to three digits, are taken a chunk of text at a time.
+constexpr std::size_t kChunk = 512;
+
+/// What stands before each character of a chunk: the low 8 bits of its label.
+using Values = std::array<std::uint8_t, kChunk>;
+
+/// False when there is anything but plain labels, one blank behind each, in the
+/// chunk at `text`. Three characters before it are looked at: a blank, or digits
+/// of a chunk that was plain. Written so that compilers look at many characters
+/// at once.
+__attribute__((noinline)) bool takeValues(const char* text, Values& values) {
+  constexpr std::uint8_t kDigitBit = 0x10;  // in a digit, but not in a blank
+  std::uint8_t odd = 0;
+  for (std::size_t i = 0; i < kChunk; ++i) {
+    const auto here = static_cast<std::uint8_t>(text[i]);
+    const auto ones = static_cast<std::uint8_t>(*(text + i - 1));
+    const auto tens = static_cast<std::uint8_t>(*(text + i - 2));
+    const auto hundreds = static_cast<std::uint8_t>(*(text + i - 3));
+    const bool digit = static_cast<std::uint8_t>(here - '0') < 10;
+    const bool known = digit | (here == ' ');
+    const int fourDigits = here & ones & tens & hundreds & kDigitBit;
+    const int noDigits = ~(here | ones) & kDigitBit;
+    odd = static_cast<std::uint8_t>(odd | !known | fourDigits | noDigits);
+    const int third = (tens & kDigitBit) != 0 ? hundreds & 0xF : 0;
+    values[i] = static_cast<std::uint8_t>((ones & 0xF) + 10 * (tens & 0xF) + 100 * third);
   }
-  return blanks;
+  return odd == 0;
+}
+
+/// Puts the labels of a plain chunk, and up to one byte more, to `labels`. Returns
+/// their number.
+std::size_t takeLabels(const char* text, const Values& values, std::uint8_t* labels) {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < kChunk; i += 8) {
+    std::uint64_t blanks = ~(load<std::uint64_t>(text, i) >> 4) & 0x0101'0101'0101'0101;
+    std::uint64_t label = load<std::uint64_t>(values.data(), i);
+    for (int character = 0; character < 8; ++character) {
+      labels[count] = static_cast<std::uint8_t>(label);
+      count += blanks & 1;
+      label >>= 8;
+      blanks >>= 8;
+    }
+  }
+  return count;
 }
 
 /// Takes the labels of one text, each up to its blank.
 class LabelReader {
  public:
-  LabelReader(std::string_view text, std::uint8_t* map)
-      : begin_(text.data()), label_(text.data()), map_(map) {}
+  explicit LabelReader(std::string_view text)
+      : begin_(text.data()),
+        end_(begin_ + text.size()),
+        labels_(new std::uint8_t[kSize + kChunk]) {}
 
-  void takeUpTo(const char* blank) {
-    const int value = plainLabel(blank);
-    const int label = value >= 0 ? value : toInt({label_, size(blank)});
-    if (count_ < kSize) map_[count_] = static_cast<std::uint8_t>(label);
-    ++count_;
-    label_ = blank + 1;
+  /// Takes them all; their number, of which the first kSize are kept.
+  std::size_t read() {
+    const char* at = begin_;
+    while (at != end_) at = takeChunk(at) ? at + kChunk : takeOneByOne(at);
+    return count_;
   }
 
-  std::size_t count() const { return count_; }
+  const std::uint8_t* labels() const { return labels_.get(); }
 
  private:
-  std::size_t size(const char* blank) const { return static_cast<std::size_t>(blank - label_); }
+  std::uint8_t* place() const { return labels_.get() + std::min(count_, kSize); }
 
-  /// One to three digits, which is all that a dump writes; negative for anything
-  /// else. Looks at the last four characters without a branch for each.
-  int plainLabel(const char* blank) const {
-    const std::size_t digits = size(blank);
-    if (digits - 1 > 2 || blank - begin_ < 4) return -1;
-    const std::uint32_t word =
-        (load<std::uint32_t>(blank - 4) ^ 0x3030'3030) & ~std::uint32_t{0} << (32 - 8 * digits);
-    if (((word + 0x7676'7676) & 0x8080'8080) != 0 || (word & 0x8080'8080) != 0) return -1;
-    return static_cast<int>((word >> 24) + (word >> 16 & 0xFF) * 10 + (word >> 8 & 0xFF) * 100);
+  bool takeChunk(const char* at) {
+    Values values;
+    const bool fits = at != begin_ && static_cast<std::size_t>(end_ - at) >= kChunk;
+    if (!fits || !takeValues(at, values)) return false;
+    count_ += takeLabels(at, values, place());
+    return true;
   }
 
-  const char* begin_;
-  const char* label_;
-  std::uint8_t* map_;
+  /// Takes labels, whatever they are, until a chunk is behind. Returns where the
+  /// next one begins: behind a blank.
+  const char* takeOneByOne(const char* at) {
+    const char* label = at;
+    while (label != begin_ && label[-1] != ' ') --label;
+    const char* const stop = at + std::min<std::ptrdiff_t>(end_ - at, kChunk);
+    while (label < stop) {
+      const char* const blank = std::find(label, end_, ' ');
+      if (blank == end_) return end_;
+      *place() = static_cast<std::uint8_t>(toInt({label, static_cast<std::size_t>(blank - label)}));
+      ++count_;
+      label = blank + 1;
+    }
+    return label;
+  }
+
+  const char* const begin_;
+  const char* const end_;
+  std::unique_ptr<std::uint8_t[]> labels_;
   std::size_t count_ = 0;
 };
-
-/// The values of `text`, of which the first kSize go to `map`. Returns their
-/// number.
-std::size_t parseLabels(std::string_view text, std::uint8_t* map) {
-  LabelReader reader(text, map);
-  const char* block = text.data();
-  const char* const end = block + text.size();
-  for (; end - block >= 64; block += 64) {
-    for (std::uint64_t blanks = blanksIn64(block); blanks != 0; blanks &= blanks - 1) {
-      reader.takeUpTo(block + __builtin_ctzll(blanks));
-    }
-  }
-  for (; block != end; ++block) {
-    if (*block == ' ') reader.takeUpTo(block);
-  }
-  return reader.count();
-}
 
 }  // namespace
 
@@ -89,11 +122,11 @@ void writeLabelMap(XmlPrinter& printer, const void* map) {
 }
 
 void readLabelMap(const tinyxml2::XMLElement& element, void* map) {
-  const std::unique_ptr<std::uint8_t[]> labels(new std::uint8_t[kSize]);
-  const std::size_t count = parseLabels(textOf(element), labels.get());
+  LabelReader reader(textOf(element));
+  const std::size_t count = reader.read();
   if (count > kSize || (count > 0 && map == nullptr)) fatal();
   if (count == 0) return;
-  std::memcpy(map, labels.get(), count);
+  std::memcpy(map, reader.labels(), count);
 }
 
 }  // namespace simulation

@@ -21,8 +21,9 @@ using Record = SpectralSensorInfo;
 constexpr std::size_t kChannels = Record::kChannels;
 
 void writeChannels(XmlPrinter& printer, const void* member) {
-  const auto channel = [member](std::size_t i) { return load<float>(member, i * sizeof(float)); };
-  printer.pushNumbers(writeStreamFloat, kChannels, channel);
+  printer.pushNumbers(kChannels, [member](char* out, std::size_t i) {
+    return writeBlank(writeStreamFloat(out, load<float>(member, i * sizeof(float))));
+  });
 }
 
 /// Values are stored one by one until a text is no number. One more than there
