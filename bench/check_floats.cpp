@@ -76,11 +76,15 @@ void checkReading(const std::string& text, bool withStream) {
   const bool foundInText = std::sscanf(text.c_str(), "%f", &expected) == 1;
   expectSame("scanFloat", text, scanned(found, actual), scanned(foundInText, expected));
   if (!withStream) return;
-  const char* cursor = text.data();
-  const bool extracted = extract(cursor, text.data() + text.size(), actual);
   std::istringstream stream(text);
   const bool streamedIn = static_cast<bool>(stream >> expected);
-  expectSame("extract", text, scanned(extracted, actual), scanned(streamedIn, expected));
+  // With and without room behind it for the quick way.
+  for (const std::string& tail : {std::string(), std::string(20, ' ')}) {
+    const std::string all = text + tail;
+    const char* cursor = all.data();
+    const bool extracted = extract(cursor, all.data() + all.size(), actual);
+    expectSame("extract", all, scanned(extracted, actual), scanned(streamedIn, expected));
+  }
 }
 
 void checkWriting(float value, bool withStream) {
