@@ -20,10 +20,9 @@ void dump(const std::string& path, const LscTable& table) {
   info.SetAttribute("height", 13U);
   for (std::size_t channel = 0; channel < kLscChannels; ++channel) {
     std::ostringstream text;
+    text << std::fixed << std::setprecision(6);
     for (const auto& row : table) {
-      for (const auto& cell : row) {
-        text << std::fixed << std::setprecision(6) << cell[channel] << " ";
-      }
+      for (const auto& cell : row) text << cell[channel] << " ";
       text << "\n";
     }
     append(info, kChannels[channel], text.str().c_str());

@@ -226,14 +226,19 @@ void spectralSensor(Call& call, void* data) {
         tail(dump);
       },
       [&](const XMLElement& root) {
-        const auto take = [&](const char* name, auto& member) { read(root, name, member); };
+        const auto take = [&](const char* name, auto& member) {
+          if (static_cast<void*>(&member) != &info.flickerFrequency) {
+            read(root, name, member);
+            return;
+          }
+          std::uint32_t whole;
+          read(root, name, whole);
+          info.flickerFrequency = static_cast<float>(whole);
+        };
         head(take);
         std::istringstream channels(textOf(root, "channelDatas"));
         for (float& channel : info.channelDatas) channels >> channel;
         tail(take);
-        std::uint32_t flicker;
-        read(root, "flickerFrequency", flicker);
-        info.flickerFrequency = static_cast<float>(flicker);
       });
 }
 
