@@ -59,6 +59,23 @@ constexpr const char* kNumbers[] = {
     "1.17549435e-38 0.5000000298023224 0.5000000298023223",
 };
 
+/// Documents that no dump writes: what they hold throws or breaks a bound.
+struct OddDocument {
+  const char* target;
+  const char* text;
+};
+constexpr OddDocument kOddDocuments[] = {
+    {"lsc", "<a><LensShadingInfo><rGain>1 2 </rGain><b>3 x </b></LensShadingInfo></a>"},
+    {"lsc", "<a><LensShadingInfo><rGain>1 1e39 </rGain></LensShadingInfo></a>"},
+    {"spectral",
+     "<a><channelDatas>1 2 3 4 5 6 7 8 9 10 1 2 3 4 5 6 7 8 9 20 21</channelDatas></a>"},
+    {"spectral", "<a><lux>7</lux><als_gain>9223372036854775808</als_gain></a>"},
+    {"spectral", "<a><lux>7</lux><cct/></a>"},
+    {"zoawb", "<a><status>2147483648</status><syncinfo/><lightClass>x</lightClass></a>"},
+    {"zoawb", "<a><enabled>7</enabled><singlePureColorConfid>1e-46</singlePureColorConfid></a>"},
+    {"zoawb", "<a><rOverG>x</rOverG><bOverG>0x1p3</bOverG></a>"},
+};
+
 /// Bytes for the record that `variant` fills: zeros, ones as floats, noise.
 std::vector<char> filled(std::size_t size, unsigned int variant) {
   std::vector<char> bytes(size);
@@ -121,12 +138,10 @@ std::string contentOf(const fs::path& path) {
   return (std::ostringstream() << std::ifstream(path, std::ios::binary).rdbuf()).str();
 }
 
-/// `text` with 100 of its longest element's numbers.
-std::string shortened(std::string text) {
-  std::size_t begin = text.find("<qsegStatsInfo>");
-  const std::size_t end = text.find("</qsegStatsInfo>");
-  for (int i = 0; i <= 100; ++i) begin = text.find(' ', begin + 1);
-  return text.erase(begin + 1, end - begin - 1);
+/// `text` without what is between the first `begin` and the last `end`.
+std::string without(std::string text, const char* begin, const char* end) {
+  const std::size_t at = text.find(begin);
+  return text.erase(at, text.rfind(end) - at);
 }
 
 /// `text` with `more` in front of the first `tag`.
@@ -134,15 +149,43 @@ std::string extended(std::string text, const char* tag, const char* more) {
   return text.insert(text.find(tag), more);
 }
 
-/// A dump of the segmentation, and one with more than fits.
+/// Labels that aren't taken with their neighbours, with the blank that ends most.
+constexpr const char* kOddLabels[] = {
+    "",        "7",    "300 ",  " ",           "1000 ",
+    "000128 ", "-1 ",  "+5 ",   "x",           "\t\n9\r\n ",
+    "0x1F ",   "1.5 ", "12-3 ", "2147483648 ", "99999999999999999999 ",
+};
+
+/// Segmentations of nothing but labels, many enough to be taken a chunk at a time.
+void writeLabels(const fs::path& folder) {
+  const std::vector<char> noise = filled(3000, 2);
+  for (std::size_t i = 0; i < std::size(kOddLabels); ++i) {
+    const std::size_t count = 400 + i * 2600 / std::size(kOddLabels);
+    std::string text = "<QSegImageInfo><qsegStatsInfo>";
+    for (std::size_t label = 0; label < count; ++label) {
+      if (label == count * 3 / 4) text += kOddLabels[i];
+      text += std::to_string(static_cast<unsigned char>(noise[label])) + ' ';
+    }
+    write(folder / "qseg" / ("labels_" + std::to_string(i)),
+          text + "</qsegStatsInfo></QSegImageInfo>");
+  }
+}
+
+/// A dump of the segmentation, whole with more labels than fit, and with few labels
+/// and one instance so that it is quickly varied, with more parts and instances.
 void writeSegmentation(const fs::path& folder, const std::string& name, const std::string& text) {
   write(folder / "big/qseg" / name, text);
   write(folder / "big/qseg/label" / name, extended(text, "</qsegStatsInfo>", "7 "));
-  const std::string seed = shortened(text);
+  const std::size_t labels = text.find("<qsegStatsInfo>") + std::strlen("<qsegStatsInfo>");
+  const std::string few =
+      text.substr(0, text.find(' ', labels + 100) + 1) + text.substr(text.find("</qsegStatsInfo>"));
+  const std::string seed = without(few, "<qsegInstInfo>", "<qsegInstInfo>");
   write(folder / "qseg" / name, seed);
-  write(folder / "document" / name, seed);
+  write(folder / "document" / name, few);
+  std::string instances;
+  for (std::size_t i = 0; i < QSegImageInfo::kInstances; ++i) instances += "<a><ID>1</ID></a>";
   write(folder / "qseg" / ("instance_" + name),
-        extended(seed, "</qsegInstInfos>", "<qsegInstInfo><ID>1</ID></qsegInstInfo>"));
+        extended(seed, "</qsegInstInfos>", instances.c_str()));
   write(folder / "qseg" / ("part_" + name),
         extended(seed, "</partROIs>", "<partROI><top>1</top></partROI>"));
 }
@@ -180,6 +223,10 @@ int main(int argc, char** argv) {
   for (unsigned int variant = 0; variant < 3; ++variant) dumpAll(variant);
   for (const auto& entry : fs::recursive_directory_iterator("/data/vendor/camera")) {
     if (entry.is_regular_file()) writeSeed(folder, entry.path());
+  }
+  writeLabels(folder);
+  for (std::size_t i = 0; i < std::size(kOddDocuments); ++i) {
+    write(folder / kOddDocuments[i].target / ("odd_" + std::to_string(i)), kOddDocuments[i].text);
   }
   for (std::size_t i = 0; i < std::size(kNumbers); ++i) {
     write(folder / "numbers" / std::to_string(i), kNumbers[i]);
