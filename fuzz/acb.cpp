@@ -20,7 +20,7 @@ void readImage(std::string_view input) {
   fuzz::Record y(sizeAt(0)), c(sizeAt(1));
   AcbImage image = {{}, {y.data(), {}, sizeAt(0)}, {c.data(), {}, sizeAt(1)}};
   SimulationInfo info = fuzz::readback();
-  const fuzz::Result result = fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  const fuzz::Result result = fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForACB(&info, &image, 1, 0);
   });
   input.copy(y.live().data(), y.size());
@@ -32,7 +32,7 @@ void readImage(std::string_view input) {
 void readOrientation() {
   fuzz::Record record(sizeof(AcbDeviceOrientation));
   SimulationInfo info = fuzz::readback();
-  const fuzz::Result result = fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  const fuzz::Result result = fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForACBdeviceOri(&info, record.data(), 1, 0);
   });
   fuzz::require(result.log.empty() || record.isLive(), "a failure replays nothing");

@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   SimulationInfo info = fuzz::readback();
   std::uint32_t ev = 0;
   fuzz::Record output(AECOutputLayout::end);
-  const fuzz::Result result = fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  const fuzz::Result result = fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForAECData(&info, output.data(), 1, 0, &ev);
   });
   fuzz::require(!result.keptDocument, "the document is released");

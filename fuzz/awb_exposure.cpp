@@ -15,7 +15,7 @@ constexpr std::size_t kExtExposureSize = 6 * sizeof(float);
 
 void readExposure(SimulationInfo& info, bool loads) {
   fuzz::Record exposure(sizeof(AWBExposureInfo));
-  const fuzz::Result result = fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  const fuzz::Result result = fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForAWBAECData(&info, exposure.data(), 1, 0);
   });
   fuzz::require(result.logged("load ") != loads, "a file that can't be loaded is logged");
@@ -27,7 +27,7 @@ void readExposure(SimulationInfo& info, bool loads) {
 
 void readExtExposure(SimulationInfo& info, bool loads) {
   fuzz::Record exposure(kExtExposureSize);
-  const fuzz::Result result = fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  const fuzz::Result result = fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForAWBExtExposure(&info, exposure.data(), 10, 0);
   });
   fuzz::require(result.logged("dump ") != loads, "a file that can't be loaded is logged");

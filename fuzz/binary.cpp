@@ -34,7 +34,8 @@ std::size_t tailByte(std::string_view input, std::size_t index) {
 template <typename Operation>
 void check(Record& record, Operation operation) {
   SimulationInfo info = fuzz::readback();
-  fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) { operation(simulation, &info); });
+  fuzz::run(fuzz::Outcome::kReturned,
+            [&](Simulation& simulation) { operation(simulation, &info); });
   fuzz::require(record.isLive(), "the record is what the file makes of it");
 }
 
@@ -112,7 +113,7 @@ void checkFdResult(std::string_view input) {
     offset += block.size();
   }
   SimulationInfo info = fuzz::readback();
-  fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForFDResult(&info, blocks[0].data(), blocks[0].size(), blocks[1].data(),
                                      blocks[1].size(), blocks[2].data(), blocks[2].size(),
                                      blocks[3].data(), blocks[3].size(), blocks[4].data(),

@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Expected expected = expect();
   constexpr std::size_t kHeader = offsetof(BayerGridOutput, regions);
   fuzz::Record stats(kHeader + expected.regions);
-  const fuzz::Result result = fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  const fuzz::Result result = fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForAWBParsedStatsOutput(&info, stats.data(), 1, 0, "0");
   });
   fuzz::require(result.claimsSuccess() == expected.complete, "success means all lists");

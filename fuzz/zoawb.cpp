@@ -1,8 +1,6 @@
-// Any file as each of the small records of the extended white balance, and as
-// the calibration of the sensor.
-#include <tinyxml2.h>
-
-#include "fuzz/support/fuzz.h"
+// Any file as each of the small records of the extended white balance, where
+// texts that are no numbers throw, and as the calibration of the sensor.
+#include "fuzz/support/plain_replay.h"
 
 const char* const fuzz::kRecordFiles[] = {
     "simulation_ZOAWB_WideAlwaysOnStatus_camId[0].xml",
@@ -15,36 +13,66 @@ const char* const fuzz::kRecordFiles[] = {
 
 namespace {
 
+using fuzz::PlainField;
+using fuzz::replayFloat;
+using fuzz::replayInt;
+
+constexpr PlainField kWideAlwaysOnStatus[] = {{"status", 0, replayInt}};
+constexpr PlainField kSyncInfo[] = {{"syncinfo", 0, replayInt}};
+constexpr PlainField kPureColorRes[] = {
+    {"enabled", 0, replayInt},
+    {"singlePureColorConfid", 4, replayFloat},
+    {"pureColorBackgrdFaceConfid", 8, replayFloat},
+};
+constexpr PlainField kLightSrcClassify[] = {
+    {"enabled", 0, replayInt},          {"firstCTConfid", 4, replayFloat},
+    {"secondCTConfid", 8, replayFloat}, {"firstCTValue", 12, replayFloat},
+    {"secondCTValue", 16, replayFloat}, {"lightClassConfid", 20, replayFloat},
+    {"lightClass", 24, replayInt},
+};
+constexpr PlainField kCalibration[] = {
+    {"rOverG", offsetof(WBOTPCalibrationEntry, rOverG), fuzz::replayQueried},
+    {"bOverG", offsetof(WBOTPCalibrationEntry, bOverG), fuzz::replayQueried},
+};
+
+/// The input as the parser alone has it.
+struct Parsed {
+  tinyxml2::XMLDocument document;
+  const bool loads = document.LoadFile(fuzz::kInputFile) == tinyxml2::XML_SUCCESS;
+  const tinyxml2::XMLElement* const root = loads ? document.FirstChildElement() : nullptr;
+};
+
 using Operation = void (Simulation::*)(SimulationInfo*, void*, unsigned int, unsigned int);
 
-void readFlat(Operation operation, std::size_t size, bool loads) {
+template <std::size_t Count>
+void readFlat(const Parsed& parsed, Operation operation, const PlainField (&fields)[Count]) {
   SimulationInfo info = fuzz::readback();
-  fuzz::Record record(size);
-  const fuzz::Result result = fuzz::run(fuzz::kConversions, [&](Simulation& simulation) {
-    (simulation.*operation)(&info, record.data(), 1, 0);
+  fuzz::Record record(4 * Count);
+  const fuzz::Outcome due = fuzz::outcomeOf([&] {
+    if (parsed.root != nullptr) fuzz::replayFields(*parsed.root, fields, record.live(), 0);
   });
-  fuzz::require(result.logged("read ") != loads, "a file that can't be loaded is logged");
-  fuzz::require(loads || (record.isLive() && result.returned), "and replays nothing");
-  fuzz::require(result.keptDocument != result.returned,
+  const fuzz::Result result = fuzz::run(
+      due, [&](Simulation& simulation) { (simulation.*operation)(&info, record.data(), 1, 0); });
+  fuzz::require(result.logged("read ") != parsed.loads, "a file that can't be loaded is logged");
+  fuzz::require(record.isLive(), "the record is what the file makes of it");
+  fuzz::require(result.keptDocument == (due != fuzz::Outcome::kReturned),
                 "the document is kept when a conversion throws");
 }
 
-void readCalibration(std::uint32_t entries, bool loads) {
+void readCalibration(const Parsed& parsed, std::uint32_t entries) {
   constexpr std::size_t kHead = sizeof(WBOTPCalibrationHead);
   constexpr std::size_t kEntry = sizeof(WBOTPCalibrationEntry);
   SimulationInfo info = fuzz::readback();
   fuzz::Record table(kHead + entries * kEntry);
   table.set(0, entries);
-  const fuzz::Result result = fuzz::run(fuzz::kReturnOnly, [&](Simulation& simulation) {
+  for (std::size_t i = 0; parsed.root != nullptr && i < entries; ++i) {
+    fuzz::replayFields(*parsed.root, kCalibration, table.live(), kHead + i * kEntry);
+  }
+  const fuzz::Result result = fuzz::run(fuzz::Outcome::kReturned, [&](Simulation& simulation) {
     simulation.SimulationForOTPCalibrationFactor(&info, table.data(), 1, 0);
   });
-  fuzz::require(result.log.size() == (loads ? 0 : entries), "each failed load is logged");
-  fuzz::require(loads || table.isLive(), "and replays nothing");
-  fuzz::require(table.isLive(0, kHead), "the count stays live");
-  for (std::size_t i = 0; i < entries; ++i) {
-    const std::size_t begin = kHead + i * kEntry;
-    fuzz::require(table.isLive(begin, begin + 8), "only the gains are replayed");
-  }
+  fuzz::require(result.log.size() == (parsed.loads ? 0 : entries), "each failed load is logged");
+  fuzz::require(table.isLive(), "every entry gets the file's gains, and nothing else");
   fuzz::require(!result.keptDocument, "the documents are released");
 }
 
@@ -52,13 +80,11 @@ void readCalibration(std::uint32_t entries, bool loads) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::setInput(fuzz::textOf(data, size));
-  tinyxml2::XMLDocument document;
-  const bool loads = document.LoadFile(fuzz::kInputFile) == tinyxml2::XML_SUCCESS;
-  readFlat(&Simulation::SimulationForZOAWBWideAlwaysOnStatus, sizeof(ZOAWBWideAlwaysOnStatus),
-           loads);
-  readFlat(&Simulation::SimulationForZOAWBSyncInfo, sizeof(ZOAWBSyncInfo), loads);
-  readFlat(&Simulation::SimulationForZOAWBPureColorRes, sizeof(ZOAWBPureColorRes), loads);
-  readFlat(&Simulation::SimulationForZOAWBLightSrcClassify, sizeof(ZOAWBLightSrcClassify), loads);
-  readCalibration(size % 4, loads);
+  const Parsed parsed;
+  readFlat(parsed, &Simulation::SimulationForZOAWBWideAlwaysOnStatus, kWideAlwaysOnStatus);
+  readFlat(parsed, &Simulation::SimulationForZOAWBSyncInfo, kSyncInfo);
+  readFlat(parsed, &Simulation::SimulationForZOAWBPureColorRes, kPureColorRes);
+  readFlat(parsed, &Simulation::SimulationForZOAWBLightSrcClassify, kLightSrcClassify);
+  readCalibration(parsed, size % 4);
   return 0;
 }

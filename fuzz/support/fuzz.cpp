@@ -24,22 +24,6 @@ int nextDescriptor() {
   return descriptor;
 }
 
-/// True when the operation returned; an outcome that isn't accepted goes on as
-/// an exception, which the fuzzer reports.
-bool returns(unsigned accepted, const std::function<void(Simulation&)>& operation) {
-  try {
-    operation(*SimulationMgr::getInstance());
-    return true;
-  } catch (const std::logic_error& error) {
-    const bool conversion = dynamic_cast<const std::invalid_argument*>(&error) != nullptr ||
-                            dynamic_cast<const std::out_of_range*>(&error) != nullptr;
-    if (!conversion || (accepted & kConversions) == 0) throw;
-  } catch (const Fatal&) {
-    if ((accepted & kBounds) == 0) throw;
-  }
-  return false;
-}
-
 bool endsWith(std::string_view text, std::string_view end) {
   return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
@@ -56,6 +40,19 @@ void setInput(std::string_view input) {
   const int file = open(kInputFile, O_WRONLY | O_CREAT | O_TRUNC, 0666);
   const bool written = write(file, input.data(), input.size()) == ssize_t(input.size());
   require(written && close(file) == 0, "the input can be written to a file");
+}
+
+Outcome outcomeOf(const std::function<void()>& action) {
+  try {
+    action();
+    return Outcome::kReturned;
+  } catch (const std::invalid_argument&) {
+    return Outcome::kInvalidArgument;
+  } catch (const std::out_of_range&) {
+    return Outcome::kOutOfRange;
+  } catch (const Fatal&) {
+    return Outcome::kBoundBroken;
+  }
 }
 
 Record::Record(std::size_t size) : bytes_(new char[size]), live_(size, '\0') {
@@ -77,18 +74,20 @@ bool Result::claimsSuccess() const {
                      [](const std::string& line) { return endsWith(line, " success"); });
 }
 
-Result run(unsigned accepted, const std::function<void(Simulation&)>& operation) {
+Result run(Outcome due, const std::function<void(Simulation&)>& operation) {
   const int descriptor = nextDescriptor();
   Result result;
   startWatching();
-  result.returned = returns(accepted, operation);
+  const Outcome outcome = outcomeOf([&] { operation(*SimulationMgr::getInstance()); });
   result.keptDocument = releaseKeptDocument();
   result.keptBlocks = releaseKeptBlocks();
   result.log = takeLog();
+  require(outcome == due, "it ends as it should: returns, throws or aborts");
   require(nextDescriptor() == descriptor, "no descriptor is left open");
   require(!result.claimsSuccess() || result.log.size() == 1,
           "success is claimed once, and after nothing else");
-  require(!result.claimsSuccess() || result.returned, "success is claimed by who returns");
+  require(!result.claimsSuccess() || outcome == Outcome::kReturned,
+          "success is claimed by who returns");
   return result;
 }
 

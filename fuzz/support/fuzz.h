@@ -62,15 +62,16 @@ class Record {
   std::string live_;
 };
 
-/// How an operation may end but by returning.
-enum Accepted : unsigned {
-  kReturnOnly = 0,
-  kConversions = 1,  ///< std::invalid_argument, std::out_of_range
-  kBounds = 2,       ///< the fatal helper
-};
+/// How an operation ends, or the plain replay that tells how it should.
+enum class Outcome { kReturned, kInvalidArgument, kOutOfRange, kBoundBroken };
+
+/// What the fatal helper throws instead of ending the process.
+struct Fatal {};
+
+/// Any other exception goes on, and the fuzzer reports it.
+Outcome outcomeOf(const std::function<void()>& action);
 
 struct Result {
-  bool returned = false;
   std::vector<std::string> log;
   bool keptDocument = false;  ///< a document was left allocated; it is released by now
   int keptBlocks = 0;         ///< the same for CamxCalloc
@@ -81,9 +82,9 @@ struct Result {
   bool claimsSuccess() const;
 };
 
-/// Calls `operation` and checks what holds for all of them: no outcome but the
-/// accepted ones, no descriptor left open, nothing after a claim of success.
-Result run(unsigned accepted, const std::function<void(Simulation&)>& operation);
+/// Calls `operation` and checks what holds for all of them: the outcome that is due
+/// and no other, no descriptor left open, nothing after a claim of success.
+Result run(Outcome due, const std::function<void(Simulation&)>& operation);
 
 /// The context of a readback.
 SimulationInfo readback();

@@ -8,9 +8,6 @@
 
 namespace fuzz {
 
-/// What the fatal helper throws instead of ending the process.
-struct Fatal {};
-
 /// The messages since the last call.
 std::vector<std::string> takeLog();
 
