@@ -70,7 +70,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   tinyxml2::XMLDocument document;
   const bool loads = document.LoadFile(fuzz::kInputFile) == tinyxml2::XML_SUCCESS &&
                      document.FirstChild() != nullptr;
-  fuzz::Record image(sizeof(QSegImageInfo));
+  static fuzz::Record image(sizeof(QSegImageInfo));
+  image.refill();
   const fuzz::Outcome due = fuzz::outcomeOf([&] {
     if (loads) fuzz::replayFields(*document.FirstChild(), kImage, image.live(), 0);
   });

@@ -24,6 +24,15 @@ int nextDescriptor() {
   return descriptor;
 }
 
+/// The first `size` bytes of what records hold before a readback.
+std::string_view pattern(std::size_t size) {
+  static std::string bytes;
+  for (std::size_t i = bytes.size(); i < size; ++i) {
+    bytes += static_cast<char>(i * 37 + i / 256 + 11);
+  }
+  return std::string_view(bytes).substr(0, size);
+}
+
 bool endsWith(std::string_view text, std::string_view end) {
   return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
@@ -55,9 +64,11 @@ Outcome outcomeOf(const std::function<void()>& action) {
   }
 }
 
-Record::Record(std::size_t size) : bytes_(new char[size]), live_(size, '\0') {
-  for (std::size_t i = 0; i < size; ++i) live_[i] = static_cast<char>(i * 37 + i / 256 + 11);
-  live_.copy(bytes_.get(), size);
+Record::Record(std::size_t size) : bytes_(new char[size]), live_(size, '\0') { refill(); }
+
+void Record::refill() {
+  live_ = pattern(size());
+  live_.copy(bytes_.get(), size());
 }
 
 bool Record::isLive(std::size_t begin, std::size_t end) const {

@@ -40,6 +40,9 @@ class Record {
  public:
   explicit Record(std::size_t size);
 
+  /// For a big record that serves more than one input: makes it as it was at first.
+  void refill();
+
   void* data() { return bytes_.get(); }
   std::size_t size() const { return live_.size(); }
 
