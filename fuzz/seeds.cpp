@@ -1,5 +1,5 @@
 // Makes the seeds of the fuzz targets: the library's own dumps of records with
-// three kinds of content. `seeds FOLDER` fills FOLDER/[target]/, and
+// three kinds of content, and odd documents. `seeds FOLDER` fills FOLDER/[target]/, and
 // FOLDER/big/[target]/ with files that are too big to be varied.
 #include <private_data.h>
 #include <simulation/records.h>
@@ -149,7 +149,7 @@ std::string extended(std::string text, const char* tag, const char* more) {
   return text.insert(text.find(tag), more);
 }
 
-/// Labels that aren't taken with their neighbours, with the blank that ends most.
+/// What stands among plain labels: most of it none, or joined to the one behind it.
 constexpr const char* kOddLabels[] = {
     "",        "7",    "300 ",  " ",           "1000 ",
     "000128 ", "-1 ",  "+5 ",   "x",           "\t\n9\r\n ",
