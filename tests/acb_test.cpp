@@ -21,7 +21,7 @@ struct Acb : CameraDataTest {
   LogLines run(std::uint32_t mode, std::uint32_t ySize = 8) {
     SimulationInfo info = infoFor(mode);
     image.y.size = ySize;
-    simulation.SimulationForACB(&info, &image, kRequest, kCamId);
+    sim().SimulationForACB(&info, &image, kRequest, kCamId);
     return takeLog();
   }
 };

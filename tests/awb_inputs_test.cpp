@@ -8,12 +8,12 @@ using testing::KilledBySignal;
 struct AwbInput : CameraDataTest {
   std::string readTuningMode(std::string live) {
     SimulationInfo info = infoFor(1);
-    simulation.SimulationForAWBTuningMode(&info, live.data(), kRequest, kCamId);
+    sim().SimulationForAWBTuningMode(&info, live.data(), kRequest, kCamId);
     return live;
   }
   void runExtension(std::uint32_t mode, int count) {
     SimulationInfo info = infoFor(mode);
-    simulation.SimulationForAWBExtensionInfo(&info, &value, count, kRequest, kCamId);
+    sim().SimulationForAWBExtensionInfo(&info, &value, count, kRequest, kCamId);
   }
   float value = 1.5F;
   const std::string prefix = kCamera + "simulation_AWB_";
@@ -59,7 +59,7 @@ TEST_F(AwbInput, ExtExposureIgnoresTheFirstTenRequests) {
   float values[6] = {};
   const auto run = [&](std::uint32_t mode, unsigned int request) {
     SimulationInfo info = infoFor(mode);
-    simulation.SimulationForAWBExtExposure(&info, values, request, kCamId);
+    sim().SimulationForAWBExtExposure(&info, values, request, kCamId);
   };
   writeFile(prefix + "ExtExposure_camId[3].xml", "<a><frameLuma>2</frameLuma></a>");
   run(0, 9);

@@ -41,7 +41,7 @@ struct AwbStats : CameraDataTest {
   }
   void run(std::uint32_t mode) {
     SimulationInfo info = infoFor(mode);
-    simulation.SimulationForAWBParsedStatsOutput(&info, stats.get(), kRequest, kCamId, "preview");
+    sim().SimulationForAWBParsedStatsOutput(&info, stats.get(), kRequest, kCamId, "preview");
   }
   void readBack(const std::string& document) {
     std::memset(static_cast<void*>(stats.get()), 0xA5, sizeof *stats);
@@ -101,11 +101,11 @@ TEST_F(AwbStats, DocumentWithoutStatisticsKeepsItsWorkingCopy) {
 
 TEST_F(AwbStats, NothingToWriteOrToWorkWith) {
   std::string path = kCamera + "stats.xml";
-  simulation.dumpAWBStatsForSimulation(nullptr, path.data());
+  sim().dumpAWBStatsForSimulation(nullptr, path.data());
   setHeader(0, 1);
   for (const auto service : {NoMemory::kObjects, NoMemory::kBlocks}) {
     const NoMemory noMemory(service);
-    simulation.dumpAWBStatsForSimulation(stats.get(), path.data());
+    sim().dumpAWBStatsForSimulation(stats.get(), path.data());
     writeFile(file, documentOf("numROIs='1'", "5 "));
     run(1);
   }
@@ -120,7 +120,7 @@ TEST_F(AwbStats, NothingToWriteOrToWorkWith) {
 struct OfflineStats : AwbStats {
   LogLines runOffline(std::uint32_t mode, const char* folderName = "IMG_0001") {
     SimulationInfo info = infoFor(mode, folderName);
-    simulation.SimulationForOfflineAWBBGStats(&info, stats.get(), config.data(), kRequest, kCamId);
+    sim().SimulationForOfflineAWBBGStats(&info, stats.get(), config.data(), kRequest, kCamId);
     return takeLog();
   }
 

@@ -14,7 +14,7 @@ struct Core : CameraDataTest {
   std::string prefix(int mode, FileType type, unsigned int request = kRequest,
                      unsigned int camId = kCamId) {
     char path[128];
-    simulation.getFilesPath(mode, type, path, request, camId);
+    sim().getFilesPath(mode, type, path, request, camId);
     return path;
   }
 };
@@ -27,11 +27,10 @@ unsigned int permissions(const std::string& path) {
 TEST_F(Core, EachFlagQueryReadsItsOwnBit) {
   for (int flags = 0; flags < 256; ++flags) {
     const auto byte = static_cast<unsigned char>(flags);
-    EXPECT_EQ(simulation.isSimulationEnable(byte), flags % 2 == 1) << flags;
-    EXPECT_EQ(simulation.getSimulationMode(byte), flags / 2 % 2 == 1) << flags;
-    EXPECT_EQ(simulation.getSimulationAEMode(byte), flags / 4 % 2 == 1) << flags;
+    EXPECT_EQ(sim().isSimulationEnable(byte), flags % 2 == 1) << flags;
+    EXPECT_EQ(sim().getSimulationMode(byte), flags / 2 % 2 == 1) << flags;
+    EXPECT_EQ(sim().getSimulationAEMode(byte), flags / 4 % 2 == 1) << flags;
   }
-  EXPECT_EQ(SimulationMgr::getInstance(), &simulation);
 }
 
 TEST_F(Core, DumpPrefixMakesTheRequestFolder) {
@@ -63,7 +62,7 @@ TEST_F(Core, ReadbackPrefixNamesTheFamilyAndMakesNothing) {
 TEST_F(Core, FolderThatCannotBeMadeIsLoggedAndItsPathReturned) {
   const ReadOnlyCameraData readOnly;
   EXPECT_EQ(prefix(0, FileType::AWB), kCamera + kTmpFolder + "simulation_AWB");
-  simulation.makeTmpFileFloder();
+  sim().makeTmpFileFloder();
   EXPECT_EQ(takeLog(),
             (LogLines{{6, kTempNotMade},
                       {6, "dirPath:" + kCamera + "tmp/RequestID[12]_camId[3] create fail"},
@@ -73,10 +72,10 @@ TEST_F(Core, FolderThatCannotBeMadeIsLoggedAndItsPathReturned) {
 TEST_F(Core, FolderThatAppearsInBetweenIsSilent) {
   // A dangling link is not there for access() and EEXIST for mkdir().
   ASSERT_EQ(symlink("nowhere", (kCamera + "tmp").c_str()), 0);
-  simulation.makeTmpFileFloder();
+  sim().makeTmpFileFloder();
   EXPECT_EQ(takeLog(), LogLines{});
-  EXPECT_FALSE(simulation.isFileExists((kCamera + "tmp").data()));
-  EXPECT_TRUE(simulation.isFileExists(std::string(kCamera).data()));
+  EXPECT_FALSE(sim().isFileExists((kCamera + "tmp").data()));
+  EXPECT_TRUE(sim().isFileExists(std::string(kCamera).data()));
 }
 
 TEST_F(Core, PathsAreCutAt127Characters) {
@@ -99,12 +98,12 @@ TEST_F(Core, WritetoFileOpensAsTheCallerSays) {
                {"older", O_WRONLY | O_TRUNC, "new"}};
   for (const auto& row : cases) {
     writeFile(path, row.before);
-    EXPECT_EQ(simulation.WritetoFile(std::string("new").data(), path.data(), 3, row.flags), 3);
+    EXPECT_EQ(sim().WritetoFile(std::string("new").data(), path.data(), 3, row.flags), 3);
     EXPECT_EQ(readFile(path), row.after);
   }
   EXPECT_EQ(takeLog(), LogLines{});
   path = kCamera + "new";
-  simulation.WritetoFile(path.data(), path.data(), 1, O_WRONLY | O_CREAT);
+  sim().WritetoFile(path.data(), path.data(), 1, O_WRONLY | O_CREAT);
   EXPECT_EQ(permissions(path), 0777U);
 }
 
@@ -139,9 +138,8 @@ TEST_F(Core, FilesAreReadAtOffsetsAndFailuresShowTheLowBitsOfTheSize) {
   writeFile(data, "0123456789ab");
   for (auto row : cases) {
     std::string buffer = "....", log;
-    EXPECT_EQ(row.write
-                  ? simulation.WritetoFile(buffer.data(), row.path.data(), row.size, O_WRONLY)
-                  : simulation.ReadFromFile(buffer.data(), row.path.data(), row.size, row.offset),
+    EXPECT_EQ(row.write ? sim().WritetoFile(buffer.data(), row.path.data(), row.size, O_WRONLY)
+                        : sim().ReadFromFile(buffer.data(), row.path.data(), row.size, row.offset),
               row.count);
     for (const LogLine& line : takeLog()) log += line.text + "|";
     EXPECT_EQ(buffer, row.buffer);

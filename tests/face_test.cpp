@@ -14,9 +14,8 @@ struct Face : CameraDataTest {
   Blocks run(std::uint32_t mode, Blocks blocks, const Sizes& sizes) {
     SimulationInfo info = infoFor(mode);
     const auto at = [&](std::size_t i) { return blocks[i].empty() ? nullptr : blocks[i].data(); };
-    simulation.SimulationForFDResult(&info, at(0), sizes[0], at(1), sizes[1], at(2), sizes[2],
-                                     at(3), sizes[3], at(4), sizes[4], at(5), sizes[5], kRequest,
-                                     kCamId);
+    sim().SimulationForFDResult(&info, at(0), sizes[0], at(1), sizes[1], at(2), sizes[2], at(3),
+                                sizes[3], at(4), sizes[4], at(5), sizes[5], kRequest, kCamId);
     return blocks;
   }
 };

@@ -14,7 +14,7 @@ struct Lsc : CameraDataTest {
 
   bool run(std::uint32_t mode, const void* table, const char* folderName = "IMG_0001") {
     SimulationInfo info = infoFor(mode, folderName);
-    return simulation.simulationForLscMeta(&info, table, gains.data(), 9, "cam", -2);
+    return sim().simulationForLscMeta(&info, table, gains.data(), 9, "cam", -2);
   }
 
   std::vector<float> gains = std::vector<float>(884, -1);

@@ -18,7 +18,7 @@ struct QSeg : CameraDataTest {
     std::string text = "<a><qsegStatsInfo>";
     for (std::size_t i = 0; i < count; ++i) text += "1 ";
     writeFile(path, text + rest + "</qsegStatsInfo></a>");
-    simulation.readQsegImageData(record.get(), path.data());
+    sim().readQsegImageData(record.get(), path.data());
   }
 
   std::string path = kCamera + "document.xml";
@@ -56,7 +56,7 @@ TEST_F(QSeg, LabelsAreReadAsTheStandardConversionReadsThem) {
       }
     }
     writeFile(path, "<a><qsegStatsInfo>" + text + "12</qsegStatsInfo></a>");
-    const auto read = [this] { simulation.readQsegImageData(record.get(), path.data()); };
+    const auto read = [this] { sim().readQsegImageData(record.get(), path.data()); };
     if (bad) {
       EXPECT_THROW(read(), std::logic_error) << text;
     } else {
@@ -69,8 +69,8 @@ TEST_F(QSeg, LabelsAreReadAsTheStandardConversionReadsThem) {
 }
 
 TEST_F(QSeg, DumpsThatCannotBeMadeAreLogged) {
-  simulation.dumpQsegImageData(nullptr, path.data());
-  simulation.dumpQsegImageData(record.get(), std::string("/nowhere/file").data());
+  sim().dumpQsegImageData(nullptr, path.data());
+  sim().dumpQsegImageData(record.get(), std::string("/nowhere/file").data());
   EXPECT_EQ(
       takeLog(),
       (LogLines{{6, "failed, pQSegImageInfo is null"},

@@ -21,13 +21,6 @@ std::string textsOf(const tinyxml2::XMLNode& node, bool lists) {
   return all;
 }
 
-std::string replaced(std::string text, const std::string& word, const std::string& by) {
-  for (std::size_t at; (at = text.find(word)) != std::string::npos;) {
-    text.replace(at, word.size(), by);
-  }
-  return text;
-}
-
 TEST_F(RecordDocumentTest, LoadsAsTheParserAloneDoes) {
   std::string list, many;
   for (int i = 0; i < 400; ++i) list += std::to_string(i * 7) + (i % 50 == 0 ? ".5\n-" : " ");

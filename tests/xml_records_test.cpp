@@ -4,17 +4,17 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
 #include "core/bytes.h"
-#include "tests/support/camera_data.h"
+#include "tests/support/all_records.h"
 #include "tests/support/camx_memory.h"
 #include "tests/support/comma_locale.h"
 
 namespace {
 
-using simulation::load;
 using simulation::store;
 
 constexpr char kReadFailed[] = "read %s fail error:%d";
@@ -25,11 +25,8 @@ constexpr char kNotDumped[] = "dump %s failed, Error: XML_ERROR_FILE_READ_ERROR"
 
 /// One record and the ways in which it differs from the others.
 struct Record {
-  const char* golden;  ///< its files in tests/golden
-  std::string file;    ///< name after "simulation_"
-  std::size_t size;
-  int level;  ///< of the line that tells a dump's success
-  Operation run;
+  const char* name;      ///< also of its files in tests/golden
+  int level;             ///< of the line that tells a dump's success
   const char* notReads;  ///< format of the line about a file that can't be loaded
   const char* notDumps = kNotDumped;
   const char* notCreates = "";  ///< format of the line without memory; null: needs none
@@ -37,53 +34,22 @@ struct Record {
 };
 
 const Record kRecords[] = {
-    {"WideAlwaysOnStatus", "ZOAWB_WideAlwaysOnStatus_camId[3].xml", sizeof(ZOAWBWideAlwaysOnStatus),
-     2, call<&Simulation::SimulationForZOAWBWideAlwaysOnStatus>, kReadFailed},
-    {"SyncInfo", "ZOAWB_SyncInfo_camId[3].xml", sizeof(ZOAWBSyncInfo), 2,
-     call<&Simulation::SimulationForZOAWBSyncInfo>, kReadFailed},
-    {"PureColorRes", "ZOAWB_PureColorRes_camId[3].xml", sizeof(ZOAWBPureColorRes), 2,
-     call<&Simulation::SimulationForZOAWBPureColorRes>, kReadFailed},
-    {"LightSrcClassify", "ZOAWB_LightSrcClassify_camId[3].xml", sizeof(ZOAWBLightSrcClassify), 2,
-     call<&Simulation::SimulationForZOAWBLightSrcClassify>, kReadFailed},
-    {"OTPData", "AWB_OTPData_camId[3].xml", 4 + sizeof(WBOTPCalibrationEntry), 2,
-     [](SimulationInfo* info, void* data) {
-       const auto live = load<std::uint32_t>(data);
-       store(data, 0, 1U);  // one entry
-       call<&Simulation::SimulationForOTPCalibrationFactor>(info, data);
-       store(data, 0, live);
-     },
-     kDumpFailed},
-    {"SpectralSensorInfo", "ZOAWB_SpectralSensorInfo.xml", sizeof(SpectralSensorInfo), 2,
-     call<&Simulation::SimulationForZoAWBSpectralSensorInfo>, "read %s fail ", "dump %s failed"},
-    {"QsegImageData", "AWB_QsegImageData_camId[3].xml", sizeof(QSegImageInfo), 3,
-     call<&Simulation::SimulationForQsegImageData>, kLoadFailed, kNotDumped, kNotCreated, true},
-    {"ExtExposure", "AWB_ExtExposure_camId[3].xml", 24, 2,
-     call<&Simulation::SimulationForAWBExtExposure>, kDumpFailed, "dump %s fail", nullptr},
-    {"AWBAECData", "AWB_AECData_camId[3].xml", sizeof(AWBExposureInfo), 2,
-     call<&Simulation::SimulationForAWBAECData>, kLoadFailed},
-    {"AECData", "AE_AECData_camId[3]_ev[-1].xml", 2048, 6,
-     [](SimulationInfo* info, void* data) {
-       std::uint32_t step = 4294967295U;
-       sim().SimulationForAECData(info, data, kRequest, kCamId, &step);
-     },
-     "[%s] read xml root failed", kNotDumped, kNotCreated, true},
-    {"ParsedAWBStatsOutput", "AWB_ParsedAWBStatsOutput_preview_camId[3].xml",
-     sizeof(BayerGridOutput), 3,
-     [](SimulationInfo* info, void* data) {
-       sim().SimulationForAWBParsedStatsOutput(info, data, kRequest, kCamId, "preview");
-     },
-     kLoadFailed, kNotDumped, "create XMLDocument failed", true},
-    {"LSC", "LSC[cam]_index[0]_ev[-2].xml", sizeof(LscTable), 6,
-     [](SimulationInfo* info, void* data) {
-       Simulation::m_LscIndex.clear();
-       sim().simulationForLscMeta(info, data, static_cast<float*>(data), 9, "cam", -2);
-     },
-     kLoadFailed, kNotDumped, nullptr},
-    {"Orientation", "ACB_acb_orientation_camId[3].xml", sizeof(AcbDeviceOrientation), 2,
-     call<&Simulation::SimulationForACBdeviceOri>, kDumpFailed, "dump %s fail", nullptr},
+    {"ZOAWBWideAlwaysOnStatus", 2, kReadFailed},
+    {"ZOAWBSyncInfo", 2, kReadFailed},
+    {"ZOAWBPureColorRes", 2, kReadFailed},
+    {"ZOAWBLightSrcClassify", 2, kReadFailed},
+    {"OTPCalibrationFactor", 2, kDumpFailed},
+    {"ZoAWBSpectralSensorInfo", 2, "read %s fail ", "dump %s failed"},
+    {"QsegImageData", 3, kLoadFailed, kNotDumped, kNotCreated, true},
+    {"AWBExtExposure", 2, kDumpFailed, "dump %s fail", nullptr},
+    {"AWBAECData", 2, kLoadFailed},
+    {"AECData", 6, "[%s] read xml root failed", kNotDumped, kNotCreated, true},
+    {"AWBParsedStatsOutput", 3, kLoadFailed, kNotDumped, "create XMLDocument failed", true},
+    {"LscMeta", 6, kLoadFailed, kNotDumped, nullptr},
+    {"ACBdeviceOri", 2, kDumpFailed, "dump %s fail", nullptr},
 };
 
-void PrintTo(const Record& record, std::ostream* out) { *out << record.golden; }
+void PrintTo(const Record& record, std::ostream* out) { *out << record.name; }
 
 LogLine logged(const char* format, const std::string& path, int error = 0) {
   char text[256];
@@ -94,15 +60,13 @@ LogLine logged(const char* format, const std::string& path, int error = 0) {
 const std::string kLabels = pattern(QSegImageInfo::kStatsSize, 3);
 
 /// The golden document; the label map stands in it as one word.
-std::string documentOf(const Record& row) {
-  std::string text = golden(row.golden + std::string(".xml"));
-  const std::size_t at = text.find("LABELS");
-  if (at == std::string::npos) return text;
-  std::string labels;
+std::string documentOf(const std::string& name) {
+  std::string text = golden(name + ".xml"), labels;
+  if (text.find("LABELS") == std::string::npos) return text;
   for (const char label : kLabels) {
     labels += std::to_string(static_cast<unsigned char>(label)) + ' ';
   }
-  return text.replace(at, 6, labels);
+  return replaced(text, "LABELS", labels);
 }
 
 template <typename Value>
@@ -112,117 +76,109 @@ void storeText(std::string& record, std::size_t offset, std::istringstream& text
   store(record.data(), offset, value);
 }
 
-std::string liveOf(const Record& row) { return std::string(row.size, 'U'); }
-
-/// The live record with the values of a .values file: lines of offset, type,
-/// value and, where another one comes back ("-": none), that one.
-std::string filled(const Record& row, bool readBack) {
-  std::string record = liveOf(row);
-  std::istringstream lines(golden(row.golden + std::string(".values")));
-  std::size_t offset;
-  char type;
-  for (std::string line, value, other; std::getline(lines, line); other.clear()) {
-    std::istringstream(line) >> offset >> type >> value >> other;
-    std::istringstream text(readBack && !other.empty() ? other : value);
-    text.imbue(std::locale::classic());
-    if (text.str() == "-") continue;
-    if (type == 'f') storeText<float>(record, offset, text);
-    if (type == 'i') storeText<std::int32_t>(record, offset, text);
-    if (type == 'I') storeText<std::uint32_t>(record, offset, text);
-    if (type == 'H') storeText<std::uint16_t>(record, offset, text);
-    if (type == 'Q') storeText<std::uint64_t>(record, offset, text);
-    if (type == 'L') record.replace(offset, kLabels.size(), kLabels);
-  }
-  return record;
-}
-
 struct XmlRecords : CameraDataTest, testing::WithParamInterface<Record> {
   ~XmlRecords() override { takeUnreleasedBlocks(); }  // statistics keep one on purpose
 
-  static LogLines run(const Record& record, std::uint32_t mode, std::string& data) {
-    SimulationInfo info = infoFor(mode);
-    record.run(&info, data.data());
+  LogLines run(std::uint32_t mode, std::string& data) const {
+    Simulation::m_LscIndex.clear();
+    operation.run(mode, data.data());
     return takeLog();
   }
-  static std::string dumpedFile(const Record& record) {
-    const bool named = record.file[0] == 'L' || record.file.find("ACB") == 0;
-    return kCamera + (named ? kImageFolder : kTmpFolder) + "simulation_" + record.file;
+
+  /// The live record with the values of a .values file: lines of offset, type,
+  /// value and, where another one comes back ("-": none), that one.
+  std::string filled(bool readBack) const {
+    std::string record = live;
+    std::istringstream lines(golden(row.name + std::string(".values")));
+    std::size_t offset;
+    char type;
+    for (std::string line, value, other; std::getline(lines, line); other.clear()) {
+      std::istringstream(line) >> offset >> type >> value >> other;
+      std::istringstream text(readBack && !other.empty() ? other : value);
+      text.imbue(std::locale::classic());
+      if (text.str() == "-") continue;
+      if (type == 'f') storeText<float>(record, offset, text);
+      if (type == 'i') storeText<std::int32_t>(record, offset, text);
+      if (type == 'I') storeText<std::uint32_t>(record, offset, text);
+      if (type == 'H') storeText<std::uint16_t>(record, offset, text);
+      if (type == 'Q') storeText<std::uint64_t>(record, offset, text);
+      if (type == 'L') record.replace(offset, kLabels.size(), kLabels);
+    }
+    return record;
   }
-  static void expectThereAndBack(const Record& row) {
-    const std::string dumped = dumpedFile(row);
-    const std::string replayed = kCamera + "simulation_" + row.file;
-    const std::string document = documentOf(row);
-    const std::string before = filled(row, false);
+
+  std::string outcomeOf(const std::string& edited) const;
+
+  const Record& row = GetParam();
+  const RecordOperation& operation = recordNamed(row.name);
+  const std::string dumped = operation.dumped(), replayed = operation.replayed();
+  const std::string live = operation.memory(9);
+  const std::string document = documentOf(row.name);
+};
+INSTANTIATE_TEST_SUITE_P(All, XmlRecords, testing::ValuesIn(kRecords),
+                         [](const auto& row) { return row.param.name; });
+
+// Whatever the language of the process.
+TEST_P(XmlRecords, DocumentAsAWholeThereAndBack) {
+  const std::string before = filled(false);
+  for (const bool commas : {false, true}) {
+    std::optional<CommaLocale> locale;
+    if (commas) locale.emplace();
     std::string record = before;
-    EXPECT_EQ(run(row, 0, record), (LogLines{{row.level, "dump " + dumped + " success"}}));
+    EXPECT_EQ(run(0, record), (LogLines{{row.level, "dump " + dumped + " success"}}));
     EXPECT_TRUE(readFile(dumped) == document) << readFile(dumped).substr(0, 10000);
     EXPECT_TRUE(record == before);
     writeFile(replayed, document);
-    record = liveOf(row);
-    EXPECT_EQ(run(row, 1, record),
+    record = live;
+    EXPECT_EQ(run(1, record),
               row.tellsReadback ? LogLines{logged("readback %s success", replayed)} : LogLines{});
-    EXPECT_TRUE(record == filled(row, true));
+    EXPECT_TRUE(record == filled(true));
   }
-};
-INSTANTIATE_TEST_SUITE_P(All, XmlRecords, testing::ValuesIn(kRecords),
-                         [](const auto& row) { return row.param.golden; });
-
-TEST_P(XmlRecords, DocumentAsAWholeThereAndBack) {
-  expectThereAndBack(GetParam());
   // Another reader of XML takes it, too, where the machine has one.
   const std::string check = "! command -v xmllint >/dev/null || xmllint --noout '";
-  EXPECT_EQ(std::system((check + dumpedFile(GetParam()) + "'").c_str()), 0);
+  EXPECT_EQ(std::system((check + dumped + "'").c_str()), 0);
 }
 
 TEST_P(XmlRecords, FailuresAreLoggedAndLeaveTheRecord) {
-  const Record& row = GetParam();
-  const std::string dumped = dumpedFile(row);
-  const std::string replayed = kCamera + "simulation_" + row.file;
-  const std::string document = documentOf(row);
-  std::string record = liveOf(row);
-  EXPECT_EQ(run(row, 1, record), LogLines{logged(row.notReads, replayed, 3)});
-  EXPECT_EQ(tree(), Names{});  // a readback makes no folder
+  std::string record = live;
+  EXPECT_EQ(run(1, record), LogLines{logged(row.notReads, replayed, 3)});
   writeFile(replayed, document.substr(0, document.rfind('<')));
-  EXPECT_EQ(run(row, 1, record), LogLines{logged(row.notReads, replayed, 15)});
+  EXPECT_EQ(run(1, record), LogLines{logged(row.notReads, replayed, 15)});
   writeFile(replayed, document);
-  EXPECT_EQ(run(row, 2, record), LogLines{});
-  EXPECT_EQ(tree(), Names{"simulation_" + row.file});
+  EXPECT_EQ(run(2, record), LogLines{});
   if (row.notCreates != nullptr) {
     const NoMemory noMemory(NoMemory::kObjects);
     const LogLine line = logged(row.notCreates, replayed);
-    EXPECT_EQ(run(row, 1, record), line.text.empty() ? LogLines{} : LogLines{line});
+    EXPECT_EQ(run(1, record), line.text.empty() ? LogLines{} : LogLines{line});
   }
-  EXPECT_TRUE(record == liveOf(row));
+  EXPECT_TRUE(record == live);
+  EXPECT_EQ(tree().size(), 1U) << "a readback makes no folder";
 
-  run(row, 0, record = filled(row, false));
+  run(0, record = filled(false));
   remove(dumped.c_str());
   ASSERT_EQ(symlink("/dev/full", dumped.c_str()), 0);  // opens, but takes no byte
-  EXPECT_EQ(run(row, 0, record), LogLines{logged(row.notDumps, dumped)});
+  EXPECT_EQ(run(0, record), LogLines{logged(row.notDumps, dumped)});
 }
 
-/// What a readback of `document` over the golden record throws, logs and changes
-/// in the next dump, a line each.
-std::string outcomeOf(const Record& row, const std::string& document) {
+/// What a readback of `edited` over the golden record throws, logs and changes in
+/// the next dump, a line each.
+std::string XmlRecords::outcomeOf(const std::string& edited) const {
   std::ostringstream outcome;
-  const std::string path = kCamera + "simulation_" + row.file;
-  std::string record = filled(row, false);
-  writeFile(path, document);
-  LogLines log;
+  std::string record = filled(false);
+  writeFile(replayed, edited);
+  Simulation::m_LscIndex.clear();
   try {
-    log = XmlRecords::run(row, 1, record);
+    operation.run(1, record.data());
   } catch (const std::invalid_argument&) {
     outcome << "= invalid_argument\n";
   } catch (const std::out_of_range&) {
     outcome << "= out_of_range\n";
   }
-  for (LogLine line : log) {
-    const std::size_t at = line.text.find(path);
-    outcome << "= "
-            << (at == std::string::npos ? line.text : line.text.replace(at, path.size(), "FILE"))
-            << '\n';
+  for (const LogLine& line : takeLog()) {
+    outcome << "= " << replaced(line.text, replayed, "FILE") << '\n';
   }
-  XmlRecords::run(row, 0, record);
-  std::istringstream before(documentOf(row)), after(readFile(XmlRecords::dumpedFile(row)));
+  run(0, record);
+  std::istringstream before(document), after(readFile(dumped));
   for (std::string was, is; std::getline(before, was) && std::getline(after, is);) {
     if (was != is) outcome << "= " << is.substr(0, 90) << '\n';
   }
@@ -231,28 +187,21 @@ std::string outcomeOf(const Record& row, const std::string& document) {
 
 /// A .cases file has documents, each followed by its outcome and an empty line.
 TEST_P(XmlRecords, OddDocuments) {
-  const Record& row = GetParam();
-  std::istringstream file(golden(row.golden + std::string(".cases")));
-  std::string document, expected;
+  std::istringstream file(golden(row.name + std::string(".cases")));
+  std::string edited, expected;
   for (std::string line; std::getline(file, line);) {
     if (!line.empty()) {
-      (line[0] == '=' ? expected : document) += line + '\n';
+      (line[0] == '=' ? expected : edited) += line + '\n';
       continue;
     }
     if (expected == "= aborts\n") {
-      EXPECT_EXIT(outcomeOf(row, document), testing::KilledBySignal(SIGABRT), "") << document;
+      EXPECT_EXIT(outcomeOf(edited), testing::KilledBySignal(SIGABRT), "") << edited;
     } else {
-      EXPECT_EQ(outcomeOf(row, document), expected) << document;
+      EXPECT_EQ(outcomeOf(edited), expected) << edited;
     }
-    document = expected = "";
+    edited = expected = "";
   }
-  EXPECT_EQ(document, "") << "the last case has no end";
-}
-
-using AllXmlRecords = CameraDataTest;
-TEST_F(AllXmlRecords, CommaOfTheProcessDoesNotMatter) {
-  const CommaLocale comma;
-  for (const Record& row : kRecords) XmlRecords::expectThereAndBack(row);
+  EXPECT_EQ(edited, "") << "the last case has no end";
 }
 
 }  // namespace

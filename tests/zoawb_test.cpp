@@ -21,10 +21,10 @@ TEST_F(ZoAwb, OtpFileIsLoadedForEachEntryAndNoOther) {
     table.head.entries = count;
     table.entries.fill({{3, 4}, 5, 6});
     remove(file.c_str());
-    call<&Simulation::SimulationForOTPCalibrationFactor>(&info, &table);
+    sim().SimulationForOTPCalibrationFactor(&info, &table, kRequest, kCamId);
     EXPECT_EQ(takeLog().size(), count);
     writeFile(file, "<a><bOverG>2</bOverG></a>");
-    call<&Simulation::SimulationForOTPCalibrationFactor>(&info, &table);
+    sim().SimulationForOTPCalibrationFactor(&info, &table, kRequest, kCamId);
     for (std::size_t i = 0; i < 256; ++i) {
       const WBOTPCalibrationEntry expected = {{3, 4}, 5, i < count ? 2.0F : 6.0F};
       EXPECT_EQ(std::memcmp(&table.entries[i], &expected, sizeof expected), 0) << count << ' ' << i;
@@ -37,7 +37,7 @@ TEST_F(ZoAwb, SpectralChannelNumberComesFromAnEditedFile) {
   SimulationInfo info = infoFor(1);
   writeFile(kCamera + "simulation_ZOAWB_SpectralSensorInfo.xml",
             "<a><channelNum>7</channelNum></a>");
-  simulation.SimulationForZoAWBSpectralSensorInfo(&info, &record, kRequest, kCamId);
+  sim().SimulationForZoAWBSpectralSensorInfo(&info, &record, kRequest, kCamId);
   EXPECT_EQ(record.channelNum, 7U);
 }
 

@@ -12,8 +12,12 @@
 namespace fs = std::filesystem;
 
 CameraDataTest::CameraDataTest() {
-  for (const auto& entry : fs::directory_iterator(kCamera)) fs::remove_all(entry.path());
+  clearCameraData();
   takeLog();
+}
+
+void clearCameraData() {
+  for (const auto& entry : fs::directory_iterator(kCamera)) fs::remove_all(entry.path());
 }
 
 SimulationInfo infoFor(std::uint32_t mode, const char* folderName) {
@@ -43,9 +47,11 @@ Names tree(const std::string& folder) {
   return names;
 }
 
-std::string withoutLine(std::string text, const std::string& part) {
-  const std::size_t begin = text.rfind('\n', text.find(part)) + 1;
-  return text.erase(begin, text.find('\n', begin) + 1 - begin);
+std::string replaced(std::string text, const std::string& word, const std::string& by) {
+  for (std::size_t at; (at = text.find(word)) != std::string::npos;) {
+    text.replace(at, word.size(), by);
+  }
+  return text;
 }
 
 std::string pattern(std::size_t size, unsigned int seed) {

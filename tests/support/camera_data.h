@@ -24,22 +24,13 @@ using Names = std::vector<std::string>;
 class CameraDataTest : public testing::Test {
  protected:
   CameraDataTest();
-
-  Simulation& simulation = *SimulationMgr::getInstance();
 };
-
-SimulationInfo infoFor(std::uint32_t mode, const char* folderName = "IMG_0001");
-
-/// A record operation on the caller's `data`; those of the usual form are called
-/// by call<&Simulation::SimulationFor...>.
-using Operation = void (*)(SimulationInfo*, void* data);
 
 inline Simulation& sim() { return *SimulationMgr::getInstance(); }
 
-template <auto Member>
-void call(SimulationInfo* info, void* data) {
-  (sim().*Member)(info, data, kRequest, kCamId);
-}
+SimulationInfo infoFor(std::uint32_t mode, const char* folderName = "IMG_0001");
+
+void clearCameraData();
 
 void writeFile(const std::string& path, const std::string& bytes);
 std::string readFile(const std::string& path);
@@ -50,8 +41,8 @@ std::string golden(const std::string& name);
 /// All files and folders below `folder`, relative to it, sorted; folders end in "/".
 Names tree(const std::string& folder = kCamera);
 
-/// `text` without the first line that holds `part`.
-std::string withoutLine(std::string text, const std::string& part);
+/// `text` with `by` instead of each `word`.
+std::string replaced(std::string text, const std::string& word, const std::string& by);
 
 /// Bytes that differ from place to place, and from seed to seed.
 std::string pattern(std::size_t size, unsigned int seed);

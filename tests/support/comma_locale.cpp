@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <locale>
 
+#include "tests/support/camera_data.h"
+
 namespace {
 
 struct Commas : std::numpunct<char> {
@@ -16,10 +18,13 @@ struct Commas : std::numpunct<char> {
 
 CommaLocale::CommaLocale() {
   std::locale::global(std::locale(std::locale::classic(), new Commas));
-  const char* compile = "localedef -i de_DE -f UTF-8 /data/vendor/camera/de_DE.UTF-8 2>/dev/null";
-  if (std::system(compile) != 0) return;
-  setenv("LOCPATH", "/data/vendor/camera", 1);
-  inC = std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr;
+  // Only the numbers of a locale, for it to be made at once.
+  writeFile(kCamera + "source",
+            "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\ngrouping 3\nEND LC_NUMERIC\n");
+  const std::string make = "cd " + kCamera + " && localedef -c -i ./source -f ANSI_X3.4-1968 ./de";
+  if (std::system((make + " 2>/dev/null").c_str()) == -1) return;
+  setenv("LOCPATH", kCamera.c_str(), 1);
+  inC = std::setlocale(LC_ALL, "de") != nullptr;
 }
 
 CommaLocale::~CommaLocale() {

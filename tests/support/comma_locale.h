@@ -2,8 +2,7 @@
 // streams do so.
 #pragma once
 
-class CommaLocale {
- public:
+struct CommaLocale {
   CommaLocale();
   ~CommaLocale();
 
