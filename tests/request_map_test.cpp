@@ -3,11 +3,11 @@
 
 #include <simulation/request_map.h>
 
-#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <set>
 #include <sstream>
 #include <thread>
@@ -19,13 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The log since the last call must be that of tests/golden.
-void expectLog(const std::string& name) {
-  std::ostringstream log;
-  for (const LogLine& line : takeLog()) log << line << '\n';
-  EXPECT_EQ(log.str(), golden(name + ".log"));
-}
-
 std::string dumpFolder(int camxID, int camId) {
   return simulation::Path(kCamera, "tmp/RequestID[", camxID, "]_camId[", camId, "]").c_str();
 }
@@ -36,161 +29,108 @@ void put(const std::string& path) {
   writeFile(path, path);
 }
 
+std::ostream& operator<<(std::ostream& out, const RequestData& slot) {
+  out << "fwk " << slot.fwkID << " chi " << slot.chiID << " image '" << slot.imageName << "' index "
+      << slot.index << " camx";
+  for (int camera = 0; camera < 6; ++camera) {
+    if ((slot.camMask >> camera & 1) != 0) out << ' ' << camera << ':' << slot.camxID[camera];
+  }
+  return out << '\n';
+}
+
 class RequestMapTest : public CameraDataTest {
  protected:
   ~RequestMapTest() override { EXPECT_EQ(tree("/proc/self/fd").size(), openBefore_) << "leaked"; }
 
-  void enqueue(int fwkID, int chiID) {
+  void enqueue(std::uint64_t fwkID, std::uint64_t chiID) {
     RequestData request;
-    request.fwkID = static_cast<std::uint64_t>(fwkID);
-    request.chiID = static_cast<std::uint64_t>(chiID);
+    request.fwkID = fwkID;
+    request.chiID = chiID;
     map.enqueue(request);
   }
-  void insertForCamx(int chiID, int camxID, int camId) {
-    map.insertForCamx(static_cast<std::uint64_t>(chiID), static_cast<std::uint64_t>(camxID),
-                      static_cast<std::uint32_t>(camId));
-  }
-
   RequestMap map;
 
  private:
   const std::size_t openBefore_ = tree("/proc/self/fd").size();
 };
 
-TEST_F(RequestMapTest, FlushesWhenFreshThenFillsWrapsAndDropsTheOldest) {
-  put(kCamera + "tmp_asd/left/over");
-  for (int n = 1; n <= 130; ++n) {
-    enqueue(n, n + 1000);
-    insertForCamx(n + 1000, n + 500, n % 4);
+/// A .ring file has calls, each followed by what it returns and logs. In brackets:
+/// whatever it logs.
+struct Ring : RequestMapTest, testing::WithParamInterface<const char*> {
+  void perform(const std::string& line);
+  void show();
+
+  std::ostringstream outcome;
+};
+
+/// The slots with a camera or an image, the parked names, the files.
+void Ring::show() {
+  for (const RequestData& slot : map.entries) {
+    const bool used = slot.camMask != 0 || slot.imageName[0] != 0;
+    if (used) outcome << "= slot " << &slot - map.entries << ": " << slot;
   }
-  expectLog("ring");
-  EXPECT_EQ(tree(), Names{"tmp_asd/"});
+  for (const RequestData& slot : map.tmpEntries) {
+    if (slot.fwkID != 0) outcome << "= parked " << &slot - map.tmpEntries << ": " << slot;
+  }
+  for (const std::string& name : tree()) {
+    const std::string path = kCamera + name;
+    const bool moved = fs::is_regular_file(fs::symlink_status(path)) && readFile(path) != path;
+    outcome << "= " << name << (moved ? " was " + readFile(path) : "") << '\n';
+  }
 }
 
-TEST_F(RequestMapTest, EmptyNewestSlotRestartsTheMap) {
-  for (const int chiID : {11, 12, 0}) enqueue(chiID, chiID);
-  takeLog();
-  for (int n = 4; n <= 52; ++n) enqueue(n, n);
-  for (const int call : {1, 2}) EXPECT_EQ(map.dequeueAll(), -1) << call << " no scratch folder";
-  expectLog("restart");
-  EXPECT_EQ(map.entries[2].fwkID, 52U) << "the newest request stays";
+void Ring::perform(const std::string& line) {
+  std::istringstream text(line);
+  const Names words(std::istream_iterator<std::string>(text), {});
+  const auto number = [&](std::size_t at) { return std::stoull(words.at(at)); };
+  const auto shortNumber = [&](std::size_t at) { return static_cast<unsigned int>(number(at)); };
+  const auto path = [&](std::size_t at) { return kCamera + words.at(at); };
+  const auto returns = [&](int result) { outcome << "= returns " << result << '\n'; };
+  const std::string& verb = words.at(0);
+  if (verb == "enqueue") enqueue(number(1), number(2));
+  if (verb == "insert") map.insertForCamx(number(1), number(2), shortNumber(3));
+  if (verb == "offset") map.m_OffPreReqStart = number(1);
+  if (verb == "name") {
+    std::vector<unsigned int> frames;
+    for (std::size_t at = 2; at < words.size(); ++at) frames.push_back(shortNumber(at));
+    const char* const name = words[1] == "null" ? nullptr : words[1].c_str();
+    map.addForImageName(frames, words[1] == "empty" ? "" : name);
+  }
+  if (verb == "dequeue") map.dequeue();
+  if (verb == "dequeueAll") returns(map.dequeueAll());
+  if (verb == "put") put(path(1));
+  if (verb == "link") fs::create_symlink(words.at(1), path(2));
+  if (verb == "move") returns(map.move_file(path(1).data(), path(2).data()));
+  if (verb == "empty") returns(map.delete_directory(path(1).c_str(), false));
+  if (verb == "delete") returns(map.delete_directory(path(1).c_str(), true));
+  if (verb == "show") show();
+  for (const LogLine& logged : takeLog()) outcome << "= " << logged << '\n';
 }
 
-TEST_F(RequestMapTest, CamxIdsGoToTheNewestSlotOfTheirChiId) {
-  for (const int fwkID : {1, 2, 3}) enqueue(fwkID, 11);
-  takeLog();
-  insertForCamx(99, 7, 0);
-  insertForCamx(11, 7, 5);
-  map.insertForCamx(11, 0x100000008, 5);
-  insertForCamx(11, 9, 0);
-  insertForCamx(0, 7, 1);     // empty slots count: the first one going back is 0
-  map.entries[4].chiID = 14;  // where the search ends
-  insertForCamx(14, 7, 2);
-  expectLog("camx");
-  EXPECT_EQ(map.entries[3].camMask, 0b100001);
-  EXPECT_EQ(map.entries[3].camxID[5], 0x100000008U);
-  EXPECT_EQ(map.entries[0].camMask, 0b10);
-  EXPECT_EQ(map.entries[4].camMask, 0b100);
+TEST_P(Ring, DoesAsItsFileSays) {
+  const std::string expected = golden(GetParam() + std::string(".ring"));
+  std::istringstream lines(expected);
+  std::ostringstream found;
+  for (std::string line; std::getline(lines, line);) {
+    if (line[0] == '=') continue;
+    const bool whatever = line[0] == '(';
+    outcome.str("");
+    perform(whatever ? line.substr(1, line.size() - 2) : line);
+    found << line << '\n' << (whatever ? "" : outcome.str());
+  }
+  EXPECT_EQ(found.str(), expected);
 }
+INSTANTIATE_TEST_SUITE_P(All, Ring,
+                         testing::Values("full", "restart", "camx", "names", "parked", "image",
+                                         "move", "delete"),
+                         [](const auto& row) { return row.param; });
 
 TEST_F(RequestMapTest, BrokenBoundsAbort) {
   const auto aborts = testing::KilledBySignal(SIGABRT);
   EXPECT_EXIT(::insertForCamx(1, 1, 6), aborts, "");
   EXPECT_EXIT((map.rear = 50, enqueue(1, 1)), aborts, "");
-  EXPECT_EXIT((map.rear = -1, insertForCamx(1, 1, 0)), aborts, "");
+  EXPECT_EXIT((map.rear = -1, enqueue(1, 1)), aborts, "");
   EXPECT_EXIT((map.front = 50, map.dequeue()), aborts, "");
-}
-
-TEST_F(RequestMapTest, NamesFindTheNewestSlotOfTheirFrame) {
-  const std::string name = std::string(60, 'n') + "cut here";
-  for (const int fwkID : {5, 900, 5, 7}) enqueue(fwkID, 11);
-  takeLog();
-  const struct {
-    std::uint64_t offset;
-    unsigned int frame;
-    int slot;
-  } cases[] = {{1000, 1005, 3}, {1000, 900, 2}, {7, 7, 4}, {0x100000007, 5, 3}};
-  for (const auto& row : cases) {
-    RequestMap named = map;
-    named.m_OffPreReqStart = row.offset;
-    named.addForImageName({1, row.frame}, name.c_str());
-    EXPECT_EQ(named.entries[row.slot].imageName, name.substr(0, 63));
-    EXPECT_EQ(named.entries[row.slot].index, 1U);
-    EXPECT_STREQ(named.entries[1].imageName, "");
-  }
-  expectLog("names");
-}
-
-TEST_F(RequestMapTest, EarlyNamesAreParkedByPositionAndUsedOnce) {
-  map.addForImageName(std::vector<unsigned int>(40, 90), "replaced");
-  for (const char* nothing : {static_cast<const char*>(nullptr), ""}) {
-    map.addForImageName({1, 1, 1, 1}, nothing);
-  }
-  map.m_OffPreReqStart = 100;
-  map.addForImageName({107, 107, 8}, "IMG");
-  EXPECT_EQ(map.tmpEntries[11].fwkID, 90U);
-  EXPECT_EQ(map.tmpEntries[2].index, 2U);
-  for (const int fwkID : {8, 7, 7, 7, 90, 0, 6}) enqueue(fwkID, 11);  // free places have frame 0
-  expectLog("parked");
-  EXPECT_EQ(map.entries[3].index, 1U);
-}
-
-TEST_F(RequestMapTest, DumpsGoToTheImageOfTheirRequest) {
-  const std::string longName = "/" + std::string(250, 'n');
-  for (const int n : {1, 2}) enqueue(n, n + 10);
-  for (const int camId : {0, 2, 5}) insertForCamx(11, 70 + camId, camId);
-  map.addForImageName({1}, "IMG");
-  fs::create_directory(kCamera + "IMG");
-  put(dumpFolder(70, 0) + "/a");
-  put(dumpFolder(72, 2) + longName);
-  map.dequeue();
-  takeLog();
-  map.dequeue();
-  expectLog("image");
-  EXPECT_EQ(tree(), (Names{"IMG/", "IMG/a", "IMG" + longName, "tmp/"}));
-  EXPECT_EQ(map.entries[1].imageName[0], '\0') << "the next request there has no image";
-}
-
-TEST_F(RequestMapTest, MovingOverwritesNothingThatIsThere) {
-  std::string from = kCamera + "from", to = kCamera + "to";
-  for (const char* name : {"/new", "/taken", "/dangling", "/loop"}) put(from + name);
-  put(to + "/taken");
-  fs::create_symlink("nowhere", to + "/dangling");
-  fs::create_symlink("loop", to + "/loop");
-  EXPECT_EQ(map.move_file(from.data(), to.data()), 0);
-  EXPECT_EQ(tree(), (Names{"from/", "from/loop", "from/taken", "to/", "to/dangling", "to/loop",
-                           "to/new", "to/taken"}));
-  EXPECT_EQ(readFile(to + "/taken"), to + "/taken");
-  EXPECT_EQ(readFile(to + "/dangling"), from + "/dangling");
-  takeLog();
-  EXPECT_EQ(map.move_file(from.data(), std::string("/no folder").data()), 0);
-  const LogLines log = takeLog();
-  EXPECT_EQ(std::count(log.begin(), log.end(), LogLine{6, "Failed to move file loop"}), 1);
-  EXPECT_EQ(map.move_file(std::string("/no folder").data(), to.data()), 1);
-}
-
-TEST_F(RequestMapTest, DeletingTakesTheWholeTreeOrStops) {
-  const std::string root = kCamera + "root";
-  const std::string name = "/" + std::string(255, 'n');
-  const struct {
-    const char* link;  ///< where a link in the tree points to
-    bool removeSelf;
-    bool deleted;
-    Names left;
-  } cases[] = {{"target/inside", true, true, {"target/", "target/inside"}},
-               {"target/inside", false, true, {"root/", "target/", "target/inside"}},
-               {"target", true, false, {"root/", "root/link/", "target/"}},
-               {"nowhere", false, false, {"root/", "root/link", "target/", "target/inside"}}};
-  for (const auto& row : cases) {
-    put(kCamera + "target/inside");
-    if (row.deleted) put(root + name + name + name);
-    fs::create_directories(root);
-    fs::create_symlink(kCamera + row.link, root + "/link");
-    EXPECT_EQ(map.delete_directory(root.c_str(), row.removeSelf) == 0, row.deleted);
-    EXPECT_EQ(tree(), row.left);
-    fs::remove_all(root);
-  }
-  EXPECT_EQ(map.delete_directory(root.c_str(), true), -1);
 }
 
 TEST_F(RequestMapTest, ThreadsShareTheRing) {
@@ -202,9 +142,9 @@ TEST_F(RequestMapTest, ThreadsShareTheRing) {
       while (!started) std::this_thread::yield();
       for (int n = first; n < first + 16; ++n, std::this_thread::yield()) {
         enqueue(n, n + 1000);
-        for (int camId = 0; camId < 3; ++camId) insertForCamx(n + 1000, n, camId);
+        for (int camId = 0; camId < 3; ++camId) map.insertForCamx(n + 1000, n, camId);
         map.addForImageName({static_cast<unsigned int>(n), 2}, std::to_string(n).c_str());
-        insertForCamx(1001, n, 5);
+        map.insertForCamx(1001, n, 5);
       }
     });
   }

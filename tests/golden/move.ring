@@ -1,0 +1,44 @@
+put from/new
+put a/taken
+put to/taken
+put b/dangling
+link nowhere to/dangling
+put c/loop
+link loop to/loop
+move from to
+= returns 0
+= 6 move_file:/data/vendor/camera/from/new:/data/vendor/camera/to/new
+move a to
+= returns 0
+= 6 move_file:/data/vendor/camera/a/taken:/data/vendor/camera/to/taken
+move b to
+= returns 0
+= 6 move_file:/data/vendor/camera/b/dangling:/data/vendor/camera/to/dangling
+move c to
+= returns 0
+= 6 move_file:/data/vendor/camera/c/loop:/data/vendor/camera/to/loop
+put d/one
+put d/taken
+put d/two
+(move d to)
+show
+= a/
+= a/taken
+= c/
+= c/loop
+= d/
+= d/taken
+= to/
+= to/dangling was /data/vendor/camera/b/dangling
+= to/loop
+= to/new was /data/vendor/camera/from/new
+= to/one was /data/vendor/camera/d/one
+= to/taken
+= to/two was /data/vendor/camera/d/two
+move c no-folder
+= returns 0
+= 6 move_file:/data/vendor/camera/c/loop:/data/vendor/camera/no-folder/loop
+= 6 Failed to move file loop
+move no-folder to
+= returns 1
+= 6 Failed to open source directory
