@@ -26,30 +26,6 @@ struct Acb : CameraDataTest {
   }
 };
 
-TEST_F(Acb, NamedFolderIsMadeOneLevelDeep) {
-  const auto acb = &Simulation::getACBAWBFilesPath;
-  const auto offline = &Simulation::getOfflineAWBFilesPath;
-  const struct {
-    decltype(acb) getPath;
-    int mode;
-    FileType type;
-    std::string folder, prefix;
-    Names made;
-  } cases[] = {{acb, -1, FileType::AE, "IMG", "simulation_AE", {}},
-               {offline, 1, FileType::OfflineAWB, "IMG", "simulation_OfflineAWB", {}},
-               {acb, 0, FileType::AE, "a/b", "a/b/simulation_AE", {"tmp/"}},
-               {offline, 0, FileType::FACE, "a/b", "a/b/simulation_FACE", {"tmp/"}},
-               {offline, 0, FileType::FACE, "off", "off/simulation_FACE", {"off/", "tmp/"}},
-               {acb, 0, FileType::ACB, "acb", "acb/simulation_ACB", {"acb/", "off/", "tmp/"}}};
-  for (const auto& row : cases) {
-    char path[128];
-    (sim().*row.getPath)(row.mode, row.type, path, 1, 2, std::string(row.folder).data());
-    EXPECT_EQ(path, kCamera + row.prefix);
-    EXPECT_EQ(tree(), row.made);
-  }
-  EXPECT_EQ(takeLog(), LogLines(2, {6, "dirPath:" + kCamera + "a/b create fail"}));
-}
-
 TEST_F(Acb, EveryDumpRewritesTheFileUnlessAPlaneIsNull) {
   void* const c = std::exchange(image.c.data, nullptr);
   EXPECT_EQ(run(0), LogLines{});

@@ -2,27 +2,60 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <map>
+
 #include "core/log.h"
 #include "core/path.h"
 #include "tests/support/camera_data.h"
 
 namespace {
 
-const std::string kTempNotMade = "tempdirPath:/data/vendor/camera/tmp create fail";
-
-struct Core : CameraDataTest {
-  std::string prefix(int mode, FileType type, unsigned int request = kRequest,
-                     unsigned int camId = kCamId) {
-    char path[128];
-    sim().getFilesPath(mode, type, path, request, camId);
-    return path;
-  }
-};
-
-unsigned int permissions(const std::string& path) {
-  struct stat status = {};
-  return stat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0;
+std::string prefix(int mode, unsigned int type, unsigned int request, unsigned int camId) {
+  char path[128];
+  sim().getFilesPath(mode, static_cast<FileType>(type), path, request, camId);
+  return path;
 }
+
+std::string namedPrefix(bool acb, int mode, unsigned int type, std::string folder) {
+  const auto get = acb ? &Simulation::getACBAWBFilesPath : &Simulation::getOfflineAWBFilesPath;
+  char path[128];
+  (sim().*get)(mode, static_cast<FileType>(type), path, 1, 2, folder.data());
+  return path;
+}
+
+void perform(const Names& words, std::ostream& out) {
+  const std::map<std::string, int> kFlags = {{"write", O_WRONLY},
+                                             {"append", O_WRONLY | O_APPEND},
+                                             {"truncate", O_WRONLY | O_TRUNC},
+                                             {"create", O_RDWR | O_CREAT}};
+  const auto number = [&](std::size_t at) { return std::stoull(words.at(at)); };
+  const auto low = [&](std::size_t at) { return static_cast<unsigned int>(number(at)); };
+  const auto mode = [&] { return std::stoi(words.at(1)); };
+  const auto path = [&] { return words.at(1)[0] == '/' ? words[1] : kCamera + words[1]; };
+  const std::string& verb = words[0];
+  out << "= ";
+  if (verb == "prefix") out << prefix(mode(), low(2), low(3), low(4));
+  if (verb == "offline" || verb == "acb")
+    out << namedPrefix(verb == "acb", mode(), low(2), words[3]);
+  if (verb == "root") sim().makeTmpFileFloder();
+  if (verb == "exists") out << sim().isFileExists(path().data());
+  if (verb == "rights") {
+    struct stat status = {};
+    out << stat(path().c_str(), &status) << ' ' << std::oct << (status.st_mode & 0777) << std::dec;
+  }
+  if (verb == "read") {
+    std::string buffer = "....";
+    out << sim().ReadFromFile(buffer.data(), path().data(), number(2), static_cast<int>(low(3)));
+    out << ' ' << buffer;
+  }
+  if (kFlags.count(verb) != 0) {
+    std::string buffer = "new";
+    out << sim().WritetoFile(buffer.data(), path().data(), number(2), kFlags.at(verb));
+  }
+  out << '\n';
+}
+
+using Core = CameraDataTest;
 
 TEST_F(Core, EachFlagQueryReadsItsOwnBit) {
   for (int flags = 0; flags < 256; ++flags) {
@@ -33,49 +66,19 @@ TEST_F(Core, EachFlagQueryReadsItsOwnBit) {
   }
 }
 
-TEST_F(Core, DumpPrefixMakesTheRequestFolder) {
-  for (int call = 0; call < 2; ++call) {
-    EXPECT_EQ(prefix(0, FileType::AE), kCamera + kTmpFolder + "simulation_AE");
-    EXPECT_EQ(tree(), (Names{"tmp/", kTmpFolder}));
-  }
-  EXPECT_EQ(permissions(kCamera + kTmpFolder), 0777U);
-  EXPECT_EQ(takeLog(), LogLines{});
-  EXPECT_EQ(prefix(0, FileType::IMG, 4294967295U, 2147483648U),
-            kCamera + "tmp/RequestID[-1]_camId[-2147483648]/simulation_IMG");
-}
+TEST_F(Core, PathsAreMadeAsTheirFileSays) { playGolden("paths.calls", perform); }
 
-TEST_F(Core, ReadbackPrefixNamesTheFamilyAndMakesNothing) {
-  std::uint32_t type = 0;
-  for (const char* name : {"IMG", "AWB", "ZOAWB", "OfflineAWB", "AE", "LSC", "AnchorPick",
-                           "SRAnchorPick", "FACE", "ACB"}) {
-    for (const int mode : {1, 2, -1}) {
-      EXPECT_EQ(prefix(mode, static_cast<FileType>(type)), kCamera + "simulation_" + name);
-    }
-    ++type;
-  }
-  for (const int mode : {1, 0}) {
-    EXPECT_EQ(tree(), Names{});
-    EXPECT_EXIT(prefix(mode, static_cast<FileType>(type)), testing::KilledBySignal(SIGABRT), "");
-  }
-}
-
-TEST_F(Core, FolderThatCannotBeMadeIsLoggedAndItsPathReturned) {
+TEST_F(Core, FoldersThatCannotBeMadeAreLogged) {
   const ReadOnlyCameraData readOnly;
-  EXPECT_EQ(prefix(0, FileType::AWB), kCamera + kTmpFolder + "simulation_AWB");
-  sim().makeTmpFileFloder();
-  EXPECT_EQ(takeLog(),
-            (LogLines{{6, kTempNotMade},
-                      {6, "dirPath:" + kCamera + "tmp/RequestID[12]_camId[3] create fail"},
-                      {6, kTempNotMade}}));
+  playGolden("read_only.calls", perform);
 }
 
-TEST_F(Core, FolderThatAppearsInBetweenIsSilent) {
-  // A dangling link is not there for access() and EEXIST for mkdir().
-  ASSERT_EQ(symlink("nowhere", (kCamera + "tmp").c_str()), 0);
-  sim().makeTmpFileFloder();
-  EXPECT_EQ(takeLog(), LogLines{});
-  EXPECT_FALSE(sim().isFileExists((kCamera + "tmp").data()));
-  EXPECT_TRUE(sim().isFileExists(std::string(kCamera).data()));
+TEST_F(Core, RawFilesAreReadAndWrittenAsTheirFileSays) { playGolden("raw_files.calls", perform); }
+
+TEST_F(Core, UnknownFileTypeAborts) {
+  for (const int mode : {1, 0}) {
+    EXPECT_EXIT(prefix(mode, 10, 1, 1), testing::KilledBySignal(SIGABRT), "");
+  }
 }
 
 TEST_F(Core, PathsAreCutAt127Characters) {
@@ -85,66 +88,6 @@ TEST_F(Core, PathsAreCutAt127Characters) {
   EXPECT_EQ(simulation::Path(text, text, 7).c_str()[127], '\0');
   const char* const missing = nullptr;
   EXPECT_EQ(simulation::Path("a", missing, 4294967295U).view(), "a(null)-1");
-}
-
-TEST_F(Core, WritetoFileOpensAsTheCallerSays) {
-  std::string path = kCamera + "data";
-  const struct {
-    const char* before;
-    int flags;
-    const char* after;
-  } cases[] = {{"ongolder", O_RDWR | O_CREAT, "newolder"},
-               {"older", O_WRONLY | O_APPEND, "oldernew"},
-               {"older", O_WRONLY | O_TRUNC, "new"}};
-  for (const auto& row : cases) {
-    writeFile(path, row.before);
-    EXPECT_EQ(sim().WritetoFile(std::string("new").data(), path.data(), 3, row.flags), 3);
-    EXPECT_EQ(readFile(path), row.after);
-  }
-  EXPECT_EQ(takeLog(), LogLines{});
-  path = kCamera + "new";
-  sim().WritetoFile(path.data(), path.data(), 1, O_WRONLY | O_CREAT);
-  EXPECT_EQ(permissions(path), 0777U);
-}
-
-TEST_F(Core, FilesAreReadAtOffsetsAndFailuresShowTheLowBitsOfTheSize) {
-  const std::string data = kCamera + "data", nowhere = kCamera + "nowhere/data";
-  const std::string unequal = ") is not equal to we need(", missing = " No such file or directory";
-  const std::string readData = "read fileName:" + data + " size(";
-  const std::string readFolder = "read fileName:/dev size(-1" + unequal;
-  const std::string written = "write size(-1" + unequal, wrong = ") ,may be somthing wrong";
-  const std::string open = "open file:" + nowhere + " failed";
-  const struct {
-    bool write;
-    std::string path;
-    unsigned long size;
-    int offset;
-    ssize_t count;
-    std::string buffer, log;
-  } cases[] = {
-      {false, data, 4, 0, 4, "0123", ""},
-      {false, data, 4, -5, 4, "0123", ""},
-      {false, data, 4, 8, 4, "89ab", ""},
-      {false, data, 4, 10, 2, "ab..", readData + "2" + unequal + "4)|"},
-      {false, data, 4, 99, 0, "....", readData + "0" + unequal + "4)|"},
-      {false, nowhere, 1, 0, -1, "....", open + missing + "|"},
-      {false, "/dev", 5000000001UL, 0, -1, "....", readFolder + "705032705)|"},
-      {false, "/dev", ~0UL, 0, -1, "....", readFolder + "-1)|"},
-      {true, nowhere, 5000000001UL, 0, -1, "....",
-       open + ";" + missing + "|" + written + "705032705" + wrong + "|"},
-      {true, nowhere, ~0UL, 0, -1, "....", open + ";" + missing + "|"},  // needs -1 bytes
-      {true, "/dev/full", 1, 0, -1, "....", written + "1" + wrong + "|"},
-  };
-  writeFile(data, "0123456789ab");
-  for (auto row : cases) {
-    std::string buffer = "....", log;
-    EXPECT_EQ(row.write ? sim().WritetoFile(buffer.data(), row.path.data(), row.size, O_WRONLY)
-                        : sim().ReadFromFile(buffer.data(), row.path.data(), row.size, row.offset),
-              row.count);
-    for (const LogLine& line : takeLog()) log += line.text + "|";
-    EXPECT_EQ(buffer, row.buffer);
-    EXPECT_EQ(log, row.log);
-  }
 }
 
 TEST_F(Core, LogCutsAt1023Characters) {

@@ -1,6 +1,4 @@
 // Lens shading: the number in the file name, and what a call returns.
-#include <thread>
-
 #include "tests/support/camera_data.h"
 
 namespace {
@@ -46,17 +44,6 @@ TEST_F(Lsc, ReadbackTellsWhetherThereIsATable) {
     writeFile(kCamera + fileName(index++), std::string("<Any>") + table + "</Any>");
     EXPECT_EQ(run(1, "table"), *table != '\0');
   }
-}
-
-TEST_F(Lsc, NoCallOfAnyThreadIsLost) {
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 4; ++i) {
-    threads.emplace_back([&] {
-      for (int call = 0; call < 10000; ++call) run(2, "table");
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
-  EXPECT_EQ(Simulation::m_LscIndex.at("IMG_0001cam-2"), 39999);
 }
 
 }  // namespace

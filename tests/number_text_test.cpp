@@ -15,14 +15,6 @@ namespace {
 
 constexpr int kRandomNumbers = 100000;
 
-/// Separated by '|', for blanks of all kinds are among them.
-Names oddTokens() {
-  Names tokens;
-  std::istringstream in(golden("odd_numbers.txt"));
-  for (std::string token; std::getline(in, token, '|');) tokens.push_back(token);
-  return tokens;
-}
-
 template <typename Value>
 std::string written(char* (*write)(char*, Value), Value value) {
   char out[64];
@@ -79,10 +71,8 @@ class Readings {
   void convert(Convert conversion) {
     try {
       out_ << '|' << conversion();
-    } catch (const std::invalid_argument& error) {
-      out_ << "invalid " << error.what();
-    } catch (const std::out_of_range& error) {
-      out_ << "range " << error.what();
+    } catch (const std::logic_error& error) {
+      out_ << typeid(error).name() << error.what();
     }
   }
 
@@ -103,27 +93,28 @@ void checkFloat(float value) {
 }
 
 void checkInteger(std::uint64_t value) {
+  const std::string text = std::to_string(value);
   const auto both = static_cast<std::int64_t>(value);
-  ASSERT_EQ(written(writeUnsigned, value), std::to_string(value));
-  ASSERT_EQ(written<std::uint64_t>(writeItem, value), std::to_string(value) + ' ');
+  const auto low = static_cast<std::uint16_t>(value);
+  ASSERT_EQ(written(writeUnsigned, value), text);
+  ASSERT_EQ(written<std::uint64_t>(writeItem, value), text + ' ');
+  ASSERT_EQ(written<std::uint16_t>(writeItem, low), std::to_string(low) + ' ');
   ASSERT_EQ(written(writeSigned, both), std::to_string(both));
-  checkReading(std::to_string(value) + ' ' + std::to_string(both));
+  checkReading(text + ' ' + std::to_string(both));
 }
 
 TEST(NumberText, Integers) {
-  for (std::uint64_t value = 0; value < 65536; ++value) {
-    checkReading(std::to_string(value));
-    ASSERT_EQ(written<std::uint16_t>(writeItem, static_cast<std::uint16_t>(value)),
-              std::to_string(value) + ' ');
-  }
-  std::vector<std::uint8_t> bytes(300);
-  std::iota(bytes.begin(), bytes.end(), 0);
+  std::vector<std::uint8_t> bytes;
   std::string items;
-  for (const std::uint8_t byte : bytes) items += std::to_string(byte) + ' ';
+  for (std::uint64_t value = 0; value < 65536; ++value) {
+    checkInteger(value);
+    if (value >= 300) continue;
+    bytes.push_back(static_cast<std::uint8_t>(value));
+    items += std::to_string(value % 256) + ' ';
+  }
   std::string text(bytes.size() * kByteItemRoom, '\0');
-  text.resize(
-      static_cast<std::size_t>(writeItems(text.data(), bytes.data(), bytes.size()) - text.data()));
-  ASSERT_EQ(text, items);
+  const char* const end = writeItems(text.data(), bytes.data(), bytes.size());
+  EXPECT_EQ(std::string_view(text.data(), static_cast<std::size_t>(end - text.data())), items);
   std::mt19937_64 random(1);
   for (unsigned i = 0; i < kRandomNumbers / 4; ++i) checkInteger(random() >> (i % 64));
   for (std::uint64_t ten = 1; ten < 10000000000000000000U; ten *= 10) {
@@ -159,49 +150,36 @@ TEST(NumberText, Floats) {
   }
 }
 
-TEST(NumberText, OddTokens) {
-  for (const std::string& token : oddTokens()) {
-    for (const char* tail : {"", " ", "x", " 12 ", ".", "-"}) checkReading(token + tail);
+TEST(NumberText, OddTokensWhateverTheLocaleOfTheProcess) {
+  Names texts, expected;
+  std::istringstream tokens(golden("odd_numbers.txt"));
+  for (std::string token; std::getline(tokens, token, '|');) {
+    for (const char* tail : {"", " ", "x", " 12 ", ".", "-"}) texts.push_back(token + tail);
   }
+  for (const std::string& text : texts) {
+    checkReading(text);
+    expected.push_back(Readings(text, true).all());
+  }
+  const CommaLocale comma;
+  EXPECT_EQ(std::atof("1,5"), comma.inC ? 1.5 : 1.0);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    EXPECT_EQ(Readings(texts[i], true).all(), expected[i]) << texts[i];
+  }
+  for (const float value : {1234.5F, 1.5e-30F, 1.5e30F}) checkWriting(value);
 }
 
+// Floats are those of libstdc++ with every standard library. In the file: a text
+// and what is read in it, each in a line.
 TEST(NumberText, OddFloatLists) {
-  // Floats are those of libstdc++ with every standard library.
-  constexpr const char* kRows[][2] = {
-      {"1.5abc 2", "1.5 "},
-      {"1.5.5 -.25", "1.5 0.5 -0.25 "},
-      {"1e5e5", "100000 "},
-      {"1-2+3", "1 -2 3 "},
-      {"1,5", "1 "},
-      {"0x10", "0 "},
-      {"4 inf", "4 "},
-      {"4 -NAN", "4 "},
-      {"4 1e+ 2", "4 "},
-      {"4 . 2", "4 "},
-      {"4 e5", "4 "},
-      {"3.4028236e38 1", ""},
-      {"5. 1e-46 2", "5 0 2 "},
-  };
-  for (const auto& [text, expected] : kRows) {
-    std::string values;
-    const char* cursor = text;
-    for (float value; extract(cursor, text + std::strlen(text), value);) {
-      values += streamed(value, 6, false) + ' ';
+  std::istringstream rows(golden("odd_float_lists.txt"));
+  for (std::string text, expected; std::getline(rows, text) && std::getline(rows, expected);) {
+    std::string values = "=";
+    const char* cursor = text.c_str();
+    for (float value; extract(cursor, text.c_str() + text.size(), value);) {
+      values += ' ' + streamed(value, 6, false);
     }
     EXPECT_EQ(values, expected) << text;
   }
-}
-
-TEST(NumberText, NoLocaleOfTheProcessMatters) {
-  const Names tokens = oddTokens();
-  Names expected;
-  for (const auto& token : tokens) expected.push_back(Readings(token, false).all());
-  const CommaLocale comma;
-  EXPECT_EQ(std::atof("1,5"), comma.inC ? 1.5 : 1.0);
-  for (std::size_t i = 0; i < tokens.size(); ++i) {
-    EXPECT_EQ(Readings(tokens[i], true).all(), expected[i]) << tokens[i];
-  }
-  for (const float value : {1234.5F, 1.5e-30F, 1.5e30F}) checkWriting(value);
 }
 
 }  // namespace

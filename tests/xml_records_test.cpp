@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
@@ -69,13 +70,6 @@ std::string documentOf(const std::string& name) {
   return replaced(text, "LABELS", labels);
 }
 
-template <typename Value>
-void storeText(std::string& record, std::size_t offset, std::istringstream& text) {
-  Value value{};
-  text >> value;
-  store(record.data(), offset, value);
-}
-
 struct XmlRecords : CameraDataTest, testing::WithParamInterface<Record> {
   ~XmlRecords() override { takeUnreleasedBlocks(); }  // statistics keep one on purpose
 
@@ -85,8 +79,9 @@ struct XmlRecords : CameraDataTest, testing::WithParamInterface<Record> {
     return takeLog();
   }
 
-  /// The live record with the values of a .values file: lines of offset, type,
-  /// value and, where another one comes back ("-": none), that one.
+  /// The live record with the values of a .values file: lines of offset, type (f: a
+  /// float, digit: the bytes of an integer, L: the labels), value and, where another
+  /// one comes back ("-": none), that one.
   std::string filled(bool readBack) const {
     std::string record = live;
     std::istringstream lines(golden(row.name + std::string(".values")));
@@ -97,11 +92,12 @@ struct XmlRecords : CameraDataTest, testing::WithParamInterface<Record> {
       std::istringstream text(readBack && !other.empty() ? other : value);
       text.imbue(std::locale::classic());
       if (text.str() == "-") continue;
-      if (type == 'f') storeText<float>(record, offset, text);
-      if (type == 'i') storeText<std::int32_t>(record, offset, text);
-      if (type == 'I') storeText<std::uint32_t>(record, offset, text);
-      if (type == 'H') storeText<std::uint16_t>(record, offset, text);
-      if (type == 'Q') storeText<std::uint64_t>(record, offset, text);
+      float number;
+      std::uint64_t whole;
+      if (type == 'f' && text >> number) store(record.data(), offset, number);
+      if (type < 'A' && text >> whole) {
+        std::memcpy(&record[offset], &whole, static_cast<std::size_t>(type - '0'));
+      }
       if (type == 'L') record.replace(offset, kLabels.size(), kLabels);
     }
     return record;

@@ -10,6 +10,7 @@ insert 11 9 0
 = 2 iFromCamx:fwkID:3<==>chiId:11<==>camxID:9<==>index:3
 insert 0 7 1
 = 2 iFromCamx:fwkID:0<==>chiId:0<==>camxID:7<==>index:0
-show
+slots
 = slot 0: fwk 0 chi 0 image '' index 0 camx 1:7
 = slot 3: fwk 3 chi 11 image '' index 0 camx 0:9 5:4294967304
+files

@@ -830,7 +830,7 @@ insert 1130 630 2
 insert 1081 7 5
 = 2 iFromCamx:fwkID:81<==>chiId:1081<==>camxID:7<==>index:31
 insert 1080 7 5
-show
+slots
 = slot 0: fwk 100 chi 1100 image '' index 0 camx 0:600
 = slot 1: fwk 101 chi 1101 image '' index 0 camx 1:601
 = slot 2: fwk 102 chi 1102 image '' index 0 camx 2:602
@@ -881,4 +881,5 @@ show
 = slot 47: fwk 97 chi 1097 image '' index 0 camx 1:597
 = slot 48: fwk 98 chi 1098 image '' index 0 camx 2:598
 = slot 49: fwk 99 chi 1099 image '' index 0 camx 3:599
+files
 = tmp_asd/

@@ -21,7 +21,7 @@ put d/one
 put d/taken
 put d/two
 (move d to)
-show
+files
 = a/
 = a/taken
 = c/
@@ -29,12 +29,12 @@ show
 = d/
 = d/taken
 = to/
-= to/dangling was /data/vendor/camera/b/dangling
+= to/dangling has b/dangling
 = to/loop
-= to/new was /data/vendor/camera/from/new
-= to/one was /data/vendor/camera/d/one
+= to/new has from/new
+= to/one has d/one
 = to/taken
-= to/two was /data/vendor/camera/d/two
+= to/two has d/two
 move c no-folder
 = returns 0
 = 6 move_file:/data/vendor/camera/c/loop:/data/vendor/camera/no-folder/loop

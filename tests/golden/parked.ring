@@ -46,7 +46,7 @@ name IMG 107 107 8
 = 2 not find fwkNum:107 in map, imageName:IMG,add for tmp requestIndex:0, m_OffPreReqStart:100
 = 2 not find fwkNum:107 in map, imageName:IMG,add for tmp requestIndex:1, m_OffPreReqStart:100
 = 2 not find fwkNum:8 in map, imageName:IMG,add for tmp requestIndex:2, m_OffPreReqStart:100
-show
+slots
 = parked 0: fwk 7 chi 0 image 'IMG' index 0 camx
 = parked 1: fwk 7 chi 0 image 'IMG' index 1 camx
 = parked 2: fwk 8 chi 0 image 'IMG' index 2 camx
@@ -59,6 +59,7 @@ show
 = parked 9: fwk 90 chi 0 image 'replaced' index 9 camx
 = parked 10: fwk 90 chi 0 image 'replaced' index 10 camx
 = parked 11: fwk 90 chi 0 image 'replaced' index 11 camx
+files
 (enqueue 8 11)
 enqueue 7 11
 = 2 Request Map Not FULL for fwkID:8
@@ -82,7 +83,7 @@ enqueue 0 11
 enqueue 6 11
 = 2 Request Map Not FULL for fwkID:0
 = 2 add request fwkID:6<==>chiID:11<==>index:7
-show
+slots
 = slot 1: fwk 8 chi 11 image 'IMG' index 2 camx
 = slot 2: fwk 7 chi 11 image 'IMG' index 0 camx
 = slot 3: fwk 7 chi 11 image 'IMG' index 1 camx
@@ -95,3 +96,4 @@ show
 = parked 9: fwk 90 chi 0 image 'replaced' index 9 camx
 = parked 10: fwk 90 chi 0 image 'replaced' index 10 camx
 = parked 11: fwk 90 chi 0 image 'replaced' index 11 camx
+files

@@ -305,5 +305,6 @@ dequeueAll
 = 2 dequeueAll:i =49 ,front =2, rear =2, count = 50
 insert 52 1 0
 = 2 iFromCamx:fwkID:52<==>chiId:52<==>camxID:1<==>index:2
-show
+slots
 = slot 2: fwk 52 chi 52 image '' index 0 camx 0:1
+files

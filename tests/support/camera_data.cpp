@@ -7,6 +7,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 
 namespace fs = std::filesystem;
@@ -35,6 +36,44 @@ std::string readFile(const std::string& path) {
 }
 
 std::string golden(const std::string& name) { return readFile(SIMULATION_GOLDEN_FOLDER + name); }
+
+namespace {
+
+void showFiles(std::ostream& out) {
+  for (const std::string& name : tree()) {
+    const std::string path = kCamera + name;
+    const bool other = fs::is_regular_file(fs::symlink_status(path)) && readFile(path) != name;
+    out << "= " << name << (other ? " has " + readFile(path) : "") << '\n';
+  }
+}
+
+}  // namespace
+
+void playGolden(const std::string& name,
+                const std::function<void(const Names& words, std::ostream& out)>& perform) {
+  const std::string expected = golden(name);
+  std::istringstream lines(expected);
+  std::ostringstream found, whatever;
+  for (std::string line; std::getline(lines, line);) {
+    if (line[0] == '=') continue;
+    found << line << '\n';
+    std::ostringstream& out = line[0] == '(' ? whatever : found;
+    std::istringstream text(line[0] == '(' ? line.substr(1, line.size() - 2) : line);
+    const Names words(std::istream_iterator<std::string>(text), {});
+    if (words[0] == "put") {
+      fs::create_directories(fs::path(kCamera + words[1]).parent_path());
+      writeFile(kCamera + words[1], words.back());
+    } else if (words[0] == "link") {
+      fs::create_symlink(words[1], kCamera + words[2]);
+    } else if (words[0] == "files") {
+      showFiles(out);
+    } else {
+      perform(words, out);
+    }
+    for (const LogLine& logged : takeLog()) out << "= " << logged << '\n';
+  }
+  EXPECT_EQ(found.str(), expected) << name;
+}
 
 Names tree(const std::string& folder) {
   Names names;

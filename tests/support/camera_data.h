@@ -6,6 +6,7 @@
 #include <simulation/simulation.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,15 @@ std::string readFile(const std::string& path);
 
 /// A file of tests/golden.
 std::string golden(const std::string& name);
+
+/// Plays a file of tests/golden: calls, each followed by what came of it, in lines
+/// that begin with "=": what `perform` writes, then the log. In brackets: whatever
+/// comes of it. Of its own it does
+///     put FILE [CONTENT]    makes a file and its folders; the content is its path
+///     link TARGET FILE
+///     files                 shows all names, and contents that are not their path
+void playGolden(const std::string& name,
+                const std::function<void(const Names& words, std::ostream& out)>& perform);
 
 /// All files and folders below `folder`, relative to it, sorted; folders end in "/".
 Names tree(const std::string& folder = kCamera);
