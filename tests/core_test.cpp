@@ -1,6 +1,5 @@
 // The services every record builds on: flags, paths and folders, raw files, log.
 #include <fcntl.h>
-#include <sys/stat.h>
 
 #include <map>
 
@@ -39,10 +38,6 @@ void perform(const Names& words, std::ostream& out) {
     out << namedPrefix(verb == "acb", mode(), low(2), words[3]);
   if (verb == "root") sim().makeTmpFileFloder();
   if (verb == "exists") out << sim().isFileExists(path().data());
-  if (verb == "rights") {
-    struct stat status = {};
-    out << stat(path().c_str(), &status) << ' ' << std::oct << (status.st_mode & 0777) << std::dec;
-  }
   if (verb == "read") {
     std::string buffer = "....";
     out << sim().ReadFromFile(buffer.data(), path().data(), number(2), static_cast<int>(low(3)));

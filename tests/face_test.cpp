@@ -1,14 +1,12 @@
 // Face-detection results: where each block lies, and that the first dump stays.
 #include <array>
 
-#include "tests/support/camera_data.h"
+#include "tests/support/all_records.h"
 
 namespace {
 
 using Sizes = std::array<unsigned long, 6>;
 using Blocks = std::array<std::string, 6>;
-
-const std::string kResult = "simulation_FACE_FDResult_camId[3].bin";
 
 struct Face : CameraDataTest {
   Blocks run(std::uint32_t mode, Blocks blocks, const Sizes& sizes) {
@@ -18,19 +16,18 @@ struct Face : CameraDataTest {
                                 sizes[3], at(4), sizes[4], at(5), sizes[5], kRequest, kCamId);
     return blocks;
   }
+  const RecordOperation& record = recordNamed("FDResult");
 };
 
 TEST_F(Face, TheFirstDumpStaysAndLacksOnlyTheBlockThatFailed) {
-  {
-    const ReadOnlyCameraData readOnly;
-    run(0, {}, {});
-    EXPECT_EQ(takeLog().size(), 2U + 12U) << "two folders, two lines for each block";
-  }
   run(0, {"aaaa", "", "", "dd", "e", "f"}, {4, 0, 3, 2, 1, 1});
   EXPECT_EQ(takeLog(),
             (LogLines{{6, "write size(-1) is not equal to we need(3) ,may be somthing wrong"}}));
   run(0, {"z"}, {1, 0, 0, 0, 0, 0});
-  EXPECT_EQ(readFile(kCamera + kTmpFolder + kResult), "aaaaddef");
+  EXPECT_EQ(readFile(record.dumped()), "aaaaddef");
+  const ReadOnlyCameraData readOnly;
+  record.run(0, record.memory(1).data(), kRequest + 1);
+  EXPECT_EQ(takeLog().size(), 1U + 12U) << "the folder, two lines for each block";
 }
 
 TEST_F(Face, ResultOffsetsAreTheSizesBefore) {
@@ -46,7 +43,7 @@ TEST_F(Face, ResultOffsetsAreTheSizesBefore) {
       {{(1UL << 31) + 10, 2, 0, 0, 0, 0}, {"", "aa..", "", "", "", ""}, 1},
       {{4, 0, 4, 2, 0, 2}, {"....", "....", "....", "...."}, 0, 2},
   };
-  writeFile(kCamera + kResult, "aaaaccccddffgggg");
+  writeFile(record.replayed(), "aaaaccccddffgggg");
   for (const auto& row : cases) {
     Blocks live = row.blocks;
     for (std::string& block : live) block.assign(block.size(), '.');
@@ -58,7 +55,7 @@ TEST_F(Face, ResultOffsetsAreTheSizesBefore) {
 TEST_F(Face, ResultOffsetsThatWrapAbortWhereTheyAreNeeded) {
   constexpr unsigned long kAll = ~0UL;
   run(1, {}, {1, 0, 0, 0, kAll - 1, kAll});
-  EXPECT_EQ(takeLog(), LogLines(6, {6, "open file:" + kCamera + kResult +
+  EXPECT_EQ(takeLog(), LogLines(6, {6, "open file:" + record.replayed() +
                                            " failed No such file or directory"}));
   EXPECT_EXIT(run(1, {}, {1, 0, 0, 0, kAll, 0}), testing::KilledBySignal(SIGABRT), "");
 }

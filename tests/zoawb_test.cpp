@@ -4,27 +4,27 @@
 #include <array>
 #include <cstring>
 
-#include "tests/support/camera_data.h"
+#include "tests/support/all_records.h"
 
 namespace {
+
+struct OtpTable {
+  WBOTPCalibrationHead head;
+  std::array<WBOTPCalibrationEntry, 256> entries;
+};
 
 using ZoAwb = CameraDataTest;
 
 TEST_F(ZoAwb, OtpFileIsLoadedForEachEntryAndNoOther) {
-  struct {
-    WBOTPCalibrationHead head;
-    std::array<WBOTPCalibrationEntry, 256> entries;
-  } table;
+  const RecordOperation& record = recordNamed("OTPCalibrationFactor");
   for (const std::uint32_t count : {0U, 1U, 3U, 255U}) {
-    SimulationInfo info = infoFor(1);
-    const std::string file = kCamera + "simulation_AWB_OTPData_camId[3].xml";
-    table.head.entries = count;
+    OtpTable table = {{count}, {}};
     table.entries.fill({{3, 4}, 5, 6});
-    remove(file.c_str());
-    sim().SimulationForOTPCalibrationFactor(&info, &table, kRequest, kCamId);
+    clearCameraData();
+    record.run(1, reinterpret_cast<char*>(&table));
     EXPECT_EQ(takeLog().size(), count);
-    writeFile(file, "<a><bOverG>2</bOverG></a>");
-    sim().SimulationForOTPCalibrationFactor(&info, &table, kRequest, kCamId);
+    writeFile(record.replayed(), "<a><bOverG>2</bOverG></a>");
+    record.run(1, reinterpret_cast<char*>(&table));
     for (std::size_t i = 0; i < 256; ++i) {
       const WBOTPCalibrationEntry expected = {{3, 4}, 5, i < count ? 2.0F : 6.0F};
       EXPECT_EQ(std::memcmp(&table.entries[i], &expected, sizeof expected), 0) << count << ' ' << i;
@@ -33,12 +33,11 @@ TEST_F(ZoAwb, OtpFileIsLoadedForEachEntryAndNoOther) {
 }
 
 TEST_F(ZoAwb, SpectralChannelNumberComesFromAnEditedFile) {
-  SpectralSensorInfo record = {};
-  SimulationInfo info = infoFor(1);
-  writeFile(kCamera + "simulation_ZOAWB_SpectralSensorInfo.xml",
-            "<a><channelNum>7</channelNum></a>");
-  sim().SimulationForZoAWBSpectralSensorInfo(&info, &record, kRequest, kCamId);
-  EXPECT_EQ(record.channelNum, 7U);
+  const RecordOperation& record = recordNamed("ZoAWBSpectralSensorInfo");
+  SpectralSensorInfo data = {};
+  writeFile(record.replayed(), "<a><channelNum>7</channelNum></a>");
+  record.run(1, reinterpret_cast<char*>(&data));
+  EXPECT_EQ(data.channelNum, 7U);
 }
 
 }  // namespace

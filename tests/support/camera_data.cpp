@@ -65,6 +65,11 @@ void playGolden(const std::string& name,
       writeFile(kCamera + words[1], words.back());
     } else if (words[0] == "link") {
       fs::create_symlink(words[1], kCamera + words[2]);
+    } else if (words[0] == "remove") {
+      fs::remove_all(kCamera + words[1]);
+    } else if (words[0] == "rights") {
+      const fs::perms rights = fs::status(kCamera + words[1]).permissions();
+      out << "= " << std::oct << static_cast<int>(rights) << std::dec << '\n';
     } else if (words[0] == "files") {
       showFiles(out);
     } else {
@@ -87,7 +92,7 @@ Names tree(const std::string& folder) {
 }
 
 std::string replaced(std::string text, const std::string& word, const std::string& by) {
-  for (std::size_t at; (at = text.find(word)) != std::string::npos;) {
+  for (std::size_t at = 0; (at = text.find(word, at)) != std::string::npos; at += by.size()) {
     text.replace(at, word.size(), by);
   }
   return text;

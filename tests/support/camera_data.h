@@ -44,6 +44,8 @@ std::string golden(const std::string& name);
 /// comes of it. Of its own it does
 ///     put FILE [CONTENT]    makes a file and its folders; the content is its path
 ///     link TARGET FILE
+///     remove FILE           or a folder with all that is in it
+///     rights FILE
 ///     files                 shows all names, and contents that are not their path
 void playGolden(const std::string& name,
                 const std::function<void(const Names& words, std::ostream& out)>& perform);
