@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "tests/support/all_records.h"
-#include "tests/support/camx_memory.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "core/log.h"
-#include "tests/support/captured_log.h"
+#include "tests/support/platform.h"
 
 namespace {
 

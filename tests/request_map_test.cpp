@@ -10,16 +10,11 @@
 #include <sstream>
 #include <thread>
 
-#include "core/path.h"
 #include "tests/support/camera_data.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string dumpFolder(unsigned int n) {
-  return simulation::Path(kCamera, "tmp/RequestID[", n + 70, "]_camId[1]/").c_str();
-}
 
 std::ostream& operator<<(std::ostream& out, const RequestData& slot) {
   out << "fwk " << slot.fwkID << " chi " << slot.chiID << " image '" << slot.imageName << "' index "
@@ -30,9 +25,8 @@ std::ostream& operator<<(std::ostream& out, const RequestData& slot) {
   return out << '\n';
 }
 
-class RequestMapTest : public CameraDataTest {
- protected:
-  ~RequestMapTest() override { EXPECT_EQ(tree("/proc/self/fd").size(), openBefore_) << "leaked"; }
+struct RequestMapTest : CameraDataTest {
+  ~RequestMapTest() override { EXPECT_EQ(tree("/proc/self/fd").size(), openBefore) << "leaked"; }
 
   void enqueue(std::uint64_t fwkID, std::uint64_t chiID) {
     RequestData request;
@@ -41,9 +35,7 @@ class RequestMapTest : public CameraDataTest {
     map.enqueue(request);
   }
   RequestMap map;
-
- private:
-  const std::size_t openBefore_ = tree("/proc/self/fd").size();
+  const std::size_t openBefore = tree("/proc/self/fd").size();
 };
 
 struct Ring : RequestMapTest, testing::WithParamInterface<const char*> {
@@ -135,8 +127,9 @@ TEST_F(ProcessMap, StartsEmptyAndLetsGoOfOneRequestAtExit) {
     for (const unsigned int n : {1U, 2U, 3U}) {
       insertForChi(n, n + 10);
       insertForCamx(n + 10, n + 70, 1);
-      fs::create_directories(dumpFolder(n));
-      writeFile(dumpFolder(n) + std::to_string(n), "");
+      const std::string folder = "tmp/RequestID[" + std::to_string(n + 70) + "]_camId[1]/";
+      fs::create_directories(kCamera + folder);
+      writeFile(kCamera + folder + std::to_string(n), "");
       if (n == 1) dequeueAll();  // brings front to the slot of request 1
     }
     std::vector<unsigned int> frames = {102, 101};

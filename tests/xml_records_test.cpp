@@ -11,7 +11,6 @@
 
 #include "core/bytes.h"
 #include "tests/support/all_records.h"
-#include "tests/support/camx_memory.h"
 #include "tests/support/comma_locale.h"
 
 namespace {

@@ -108,15 +108,11 @@ std::string pattern(std::size_t size, unsigned int seed) {
   return bytes;
 }
 
-namespace {
-
-void remount(unsigned long flags) {
-  if (mount(nullptr, kCamera.c_str(), nullptr, MS_REMOUNT | MS_BIND | flags, nullptr) != 0) {
-    ADD_FAILURE() << "remounting: " << std::strerror(errno);
-  }
+static void remount(unsigned long flags) {
+  const int result =
+      mount(nullptr, kCamera.c_str(), nullptr, MS_REMOUNT | MS_BIND | flags, nullptr);
+  EXPECT_EQ(result, 0) << std::strerror(errno);
 }
-
-}  // namespace
 
 ReadOnlyCameraData::ReadOnlyCameraData() { remount(MS_RDONLY); }
 ReadOnlyCameraData::~ReadOnlyCameraData() { remount(0); }

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/captured_log.h"
+#include "tests/support/platform.h"
 
 inline const std::string kCamera = "/data/vendor/camera/";
 

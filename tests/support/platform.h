@@ -1,5 +1,5 @@
-// Takes the place of the Android log in the tests: messages are kept instead of
-// printed.
+// Takes the place of the platform in the tests: log messages are kept instead of
+// printed; memory that is not released is counted, and fails on demand.
 #pragma once
 
 #include <ostream>
@@ -20,3 +20,13 @@ inline std::ostream& operator<<(std::ostream& out, const LogLine& line) {
 
 /// What was logged since the last call, oldest first.
 LogLines takeLog();
+
+/// Blocks of CamxCalloc that were not released; forgets and releases them.
+std::size_t takeUnreleasedBlocks();
+
+/// While it lives, one of the two services has no memory.
+struct NoMemory {
+  enum Service { kBlocks, kObjects };
+  explicit NoMemory(Service service);
+  ~NoMemory();
+};

@@ -1,19 +1,41 @@
-#include "tests/support/camx_memory.h"
+#include "tests/support/platform.h"
 
+#include <android/log.h>
 #include <camx/memory.h>
 
+#include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <mutex>
 #include <set>
+#include <utility>
 
 namespace {
 
 std::mutex mutex;
+LogLines lines;
 std::set<void*> blocks;
 bool noBlocks = false;
 bool noObjects = false;
 
 }  // namespace
+
+int __android_log_print(int priority, const char* tag, const char* format, ...) {
+  char text[4096];
+  va_list arguments;
+  va_start(arguments, format);
+  const int length = vsnprintf(text, sizeof text, format, arguments);
+  va_end(arguments);
+  const bool known = std::string(tag) == "[SIMULATION]";
+  const std::lock_guard<std::mutex> lock(mutex);
+  lines.push_back({priority, known ? text : std::string("under another tag: ") + text});
+  return length;
+}
+
+LogLines takeLog() {
+  const std::lock_guard<std::mutex> lock(mutex);
+  return std::exchange(lines, {});
+}
 
 void* CamxCalloc(std::size_t size) {
   const std::lock_guard<std::mutex> lock(mutex);
