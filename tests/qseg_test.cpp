@@ -40,7 +40,7 @@ TEST_F(QSeg, LabelsAreReadAsTheStandardConversionReadsThem) {
                                         "1234", "00012345", "12x", "\n3",         "-",
                                         "x",    "1-",       "x9",  "77777777777", ""};
   std::mt19937 random(7);
-  for (int round = 0; round < 300; ++round) {
+  for (int round = 0; round < (SIMULATION_SLOW_TESTS ? 100 : 300); ++round) {
     std::string text;
     std::string expected(reinterpret_cast<char*>(record->qsegStatsInfo), QSegImageInfo::kStatsSize);
     const std::string before = expected;
