@@ -3,6 +3,7 @@
 
 #include <simulation/request_map.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -96,9 +97,11 @@ TEST_F(RequestMapTest, BrokenBoundsAbort) {
 
 TEST_F(RequestMapTest, ThreadsShareTheRing) {
   enqueue(1, 1001);
+  std::atomic<bool> started{false};
   std::vector<std::thread> threads;
   for (const int first : {100, 200, 300}) {
     threads.emplace_back([&, first] {
+      while (!started) std::this_thread::yield();
       for (int n = first; n < first + 16; ++n, std::this_thread::yield()) {
         enqueue(n, n + 1000);
         for (int camId = 0; camId < 3; ++camId) map.insertForCamx(n + 1000, n, camId);
@@ -107,6 +110,7 @@ TEST_F(RequestMapTest, ThreadsShareTheRing) {
       }
     });
   }
+  started = true;
   for (std::thread& thread : threads) thread.join();
   std::set<std::uint64_t> complete;
   for (const RequestData& slot : map.entries) {

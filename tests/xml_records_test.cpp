@@ -170,7 +170,7 @@ std::string XmlRecords::outcomeOf(const std::string& edited) const {
     outcome << "= out_of_range\n";
   }
   for (const LogLine& line : takeLog()) {
-    outcome << "= " << replaced(line.text, replayed, "FILE") << '\n';
+    outcome << "= " << line.level << ' ' << replaced(line.text, replayed, "FILE") << '\n';
   }
   run(0, record);
   std::istringstream before(document), after(readFile(dumped));

@@ -33,7 +33,7 @@ put dangling/x
 empty dangling
 = returns 0
 link nowhere dangling/link
-delete dangling
+empty dangling
 = returns -1
 files
 = dangling/

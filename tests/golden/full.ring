@@ -830,6 +830,8 @@ insert 1130 630 2
 insert 1081 7 5
 = 2 iFromCamx:fwkID:81<==>chiId:1081<==>camxID:7<==>index:31
 insert 1080 7 5
+insert 1099 7 5
+= 2 iFromCamx:fwkID:99<==>chiId:1099<==>camxID:7<==>index:49
 slots
 = slot 0: fwk 100 chi 1100 image '' index 0 camx 0:600
 = slot 1: fwk 101 chi 1101 image '' index 0 camx 1:601
@@ -880,6 +882,6 @@ slots
 = slot 46: fwk 96 chi 1096 image '' index 0 camx 0:596
 = slot 47: fwk 97 chi 1097 image '' index 0 camx 1:597
 = slot 48: fwk 98 chi 1098 image '' index 0 camx 2:598
-= slot 49: fwk 99 chi 1099 image '' index 0 camx 3:599
+= slot 49: fwk 99 chi 1099 image '' index 0 camx 3:599 5:7
 files
 = tmp_asd/
