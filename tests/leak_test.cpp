@@ -1,7 +1,9 @@
 // What every record operation leaves allocated: nothing, but for what is kept on
 // purpose.
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
+#include <iostream>
 #include <new>
 #include <stdexcept>
 
@@ -81,6 +83,10 @@ TEST_F(LeakTest, OnlyWhatIsKeptOnPurposeStaysAllocated) {
             "QsegImageData ZOAWBWideAlwaysOnStatus ZOAWBSyncInfo ZOAWBPureColorRes "
             "ZOAWBLightSrcClassify ");
   EXPECT_EQ(freed, "ZoAWBSpectralSensorInfo LscMeta ");
+  const auto count = std::count(kept.begin(), kept.end(), ' ');
+  std::cout << "seen: " << count
+            << " documents kept where a conversion throws, 1 in each call of AWBExtExposure, "
+               "nothing else\n";
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ struct QSeg : CameraDataTest {
 };
 
 TEST_F(QSeg, MoreLabelsThanTheMapHoldsAbortUnlessOneIsBad) {
-  EXPECT_THROW(readLabels(307201, "x "), std::invalid_argument);
+  EXPECT_THROW(readLabels(320000, "x "), std::invalid_argument);
   EXPECT_EQ(record->qsegStatsInfo[0], 0);
   EXPECT_EXIT(readLabels(307201), testing::KilledBySignal(SIGABRT), "");
   readLabels(307200);
