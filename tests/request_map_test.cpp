@@ -99,13 +99,13 @@ TEST_F(RequestMapTest, ThreadsShareTheRing) {
   enqueue(1, 1001);
   std::atomic<bool> started{false};
   std::vector<std::thread> threads;
-  for (const int first : {100, 200, 300}) {
+  for (const unsigned int first : {100U, 200U, 300U}) {
     threads.emplace_back([&, first] {
       while (!started) std::this_thread::yield();
-      for (int n = first; n < first + 16; ++n, std::this_thread::yield()) {
+      for (unsigned int n = first; n < first + 16; ++n, std::this_thread::yield()) {
         enqueue(n, n + 1000);
-        for (int camId = 0; camId < 3; ++camId) map.insertForCamx(n + 1000, n, camId);
-        map.addForImageName({static_cast<unsigned int>(n), 2}, std::to_string(n).c_str());
+        for (unsigned int camId = 0; camId < 3; ++camId) map.insertForCamx(n + 1000, n, camId);
+        map.addForImageName({n, 2}, std::to_string(n).c_str());
         map.insertForCamx(1001, n, 5);
       }
     });
