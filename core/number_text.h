@@ -45,7 +45,8 @@ inline char* writeBlank(char* out) {
   return out + 1;
 }
 
-/// A number of a long list and its blank: quick for numbers below 10^8.
+/// A number of a long list and its blank, in kUnsignedRoom + 1: quick for numbers
+/// below 10^8.
 inline char* writeItem(char* out, std::uint64_t value) {
   if (value >= kTenTo8) return writeBlank(writeUnsigned(out, value));
   return writeBlank(writeUpTo8(out, static_cast<std::uint32_t>(value)));
