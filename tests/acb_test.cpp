@@ -6,7 +6,7 @@
 namespace {
 
 /// "acb MODE SIZE": of the Y plane. "null" behind it: there is no C plane.
-void perform(const Names& words, std::ostream& out) {
+bool perform(const Names& words, std::ostream& out) {
   std::string planes = "yyyyyyyycccc";
   AcbImage image = {{}, {planes.data(), {}, 8}, {planes.data() + 8, {}, 4}};
   SimulationInfo info = infoFor(static_cast<std::uint32_t>(std::stoul(words[1])));
@@ -14,6 +14,7 @@ void perform(const Names& words, std::ostream& out) {
   if (words.back() == "null") image.c.data = nullptr;
   sim().SimulationForACB(&info, &image, kRequest, kCamId);
   out << "= " << planes << '\n';
+  return words[0] == "acb";
 }
 
 using Acb = CameraDataTest;

@@ -1,8 +1,6 @@
 // The services every record builds on: flags, paths and folders, raw files, log.
 #include <fcntl.h>
 
-#include <map>
-
 #include "core/log.h"
 #include "core/path.h"
 #include "tests/support/camera_data.h"
@@ -22,32 +20,37 @@ std::string namedPrefix(bool acb, int mode, unsigned int type, std::string folde
   return path;
 }
 
-void perform(const Names& words, std::ostream& out) {
-  const std::map<std::string, int> kFlags = {{"write", O_WRONLY},
-                                             {"append", O_WRONLY | O_APPEND},
-                                             {"truncate", O_WRONLY | O_TRUNC},
-                                             {"create", O_RDWR | O_CREAT}};
+bool perform(const Names& words, std::ostream& out) {
   const auto number = [&](std::size_t at) { return std::stoull(words.at(at)); };
   const auto low = [&](std::size_t at) { return static_cast<unsigned int>(number(at)); };
   const auto mode = [&] { return std::stoi(words.at(1)); };
   const auto path = [&] { return words.at(1)[0] == '/' ? words[1] : kCamera + words[1]; };
-  const std::string& verb = words[0];
-  out << "= ";
-  if (verb == "prefix") out << prefix(mode(), low(2), low(3), low(4));
-  if (verb == "offline" || verb == "acb")
-    out << namedPrefix(verb == "acb", mode(), low(2), words[3]);
-  if (verb == "root") sim().makeTmpFileFloder();
-  if (verb == "exists") out << sim().isFileExists(path().data());
-  if (verb == "read") {
+  const auto named = [&] { out << namedPrefix(words[0] == "acb", mode(), low(2), words[3]); };
+  const auto read = [&] {
     std::string buffer = "....";
     out << sim().ReadFromFile(buffer.data(), path().data(), number(2), static_cast<int>(low(3)));
     out << ' ' << buffer;
-  }
-  if (kFlags.count(verb) != 0) {
+  };
+  const auto write = [&](int flags) {
     std::string buffer = "new";
-    out << sim().WritetoFile(buffer.data(), path().data(), number(2), kFlags.at(verb));
-  }
+    out << sim().WritetoFile(buffer.data(), path().data(), number(2), flags);
+  };
+  out << "= ";
+  const bool known =
+      call(words[0], {
+                         {"prefix", [&] { out << prefix(mode(), low(2), low(3), low(4)); }},
+                         {"offline", named},
+                         {"acb", named},
+                         {"root", [] { sim().makeTmpFileFloder(); }},
+                         {"exists", [&] { out << sim().isFileExists(path().data()); }},
+                         {"read", read},
+                         {"write", [&] { write(O_WRONLY); }},
+                         {"append", [&] { write(O_WRONLY | O_APPEND); }},
+                         {"truncate", [&] { write(O_WRONLY | O_TRUNC); }},
+                         {"create", [&] { write(O_RDWR | O_CREAT); }},
+                     });
   out << '\n';
+  return known;
 }
 
 using Core = CameraDataTest;

@@ -83,10 +83,8 @@ TEST_F(LeakTest, OnlyWhatIsKeptOnPurposeStaysAllocated) {
             "QsegImageData ZOAWBWideAlwaysOnStatus ZOAWBSyncInfo ZOAWBPureColorRes "
             "ZOAWBLightSrcClassify ");
   EXPECT_EQ(freed, "ZoAWBSpectralSensorInfo LscMeta ");
-  const auto count = std::count(kept.begin(), kept.end(), ' ');
-  std::cout << "seen: " << count
-            << " documents kept where a conversion throws, 1 in each call of AWBExtExposure, "
-               "nothing else\n";
+  std::cout << "seen: " << std::count(kept.begin(), kept.end(), ' ')
+            << " documents kept where a conversion throws, 1 in each call of AWBExtExposure\n";
 }
 
 }  // namespace

@@ -58,15 +58,6 @@ void capture(unsigned int run, Progress& progress) {
 }
 
 struct LossTest : CameraDataTest {
-  LossTest() {
-    for (unsigned int camera = 0; camera < kCameras; ++camera) {
-      dump(0, 1, camera);
-      const std::string path = tree().back();
-      file[camera] = path.substr(path.rfind('/'));
-      clearCameraData();
-    }
-  }
-
   /// Plays a run and kills it once `limit` records are dumped, and `patience` later.
   int play(unsigned int run, unsigned int limit, std::chrono::microseconds patience = {}) {
     progress->begun = progress->dumped = 0;
@@ -85,11 +76,12 @@ struct LossTest : CameraDataTest {
   }
 
   void expectNothingLost(unsigned int run) {
-    std::string whole[kCameras];
+    std::string file[kCameras], whole[kCameras];
     for (unsigned int camera = 0; camera < kCameras; ++camera) {
       dump(run, kRequests + 1, camera);
-      whole[camera] =
-          readFile(simulation::requestFolder(kRequests + 1, camera).c_str() + file[camera]);
+      const std::string folder = simulation::requestFolder(kRequests + 1, camera).c_str();
+      file[camera] = '/' + tree(folder).back();
+      whole[camera] = readFile(folder + file[camera]);
     }
     for (unsigned int number = 0; number < progress->dumped; ++number) {
       const unsigned int request = number / kCameras + 1, camera = number % kCameras;
@@ -105,20 +97,18 @@ struct LossTest : CameraDataTest {
   void* const shared =
       mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   Progress* const progress = new (shared) Progress;
-  std::string file[kCameras];  ///< the names of what is dumped
 };
 
 TEST_F(LossTest, AKilledRunLosesNothingAndTheNextOneGoesOn) {
   std::mt19937 random(20240601);
   std::uniform_int_distribution<unsigned int> limits(0, kDumps - 50), patiences(0, 300);
-  constexpr int kRuns = SIMULATION_SLOW_TESTS ? 20 : 100;
-  int killed = 0;
-  for (int run = 1; run <= kRuns && !HasFailure(); ++run) {
-    const auto seed = static_cast<unsigned int>(run);
-    const int status = play(seed, limits(random), std::chrono::microseconds(patiences(random)));
+  constexpr unsigned int kRuns = SIMULATION_SLOW_TESTS ? 20 : 100;
+  unsigned int killed = 0;
+  for (unsigned int run = 1; run <= kRuns && !HasFailure(); ++run) {
+    const int status = play(run, limits(random), std::chrono::microseconds(patiences(random)));
     killed += WIFSIGNALED(status);
     EXPECT_TRUE(status == 0 || WTERMSIG(status) == SIGKILL);
-    expectNothingLost(seed);
+    expectNothingLost(run);
     for (unsigned int request = 1; request <= kRequests; ++request) {
       fs::remove_all(kCamera + imageOf(request));
     }

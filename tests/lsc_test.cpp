@@ -6,7 +6,7 @@
 namespace {
 
 /// "lsc MODE FOLDER", "null" behind it: without a table; or "index LAST".
-void perform(const Names& words, std::ostream& out) {
+bool perform(const Names& words, std::ostream& out) {
   static LscTable table;
   const auto number = static_cast<std::uint32_t>(std::stoul(words[1]));
   if (words[0] == "lsc") {
@@ -19,6 +19,7 @@ void perform(const Names& words, std::ostream& out) {
                          static_cast<unsigned short>(number));
   }
   out << '\n';
+  return words[0] == "lsc" || words[0] == "index";
 }
 
 using Lsc = CameraDataTest;

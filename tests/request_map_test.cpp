@@ -41,7 +41,7 @@ struct RequestMapTest : CameraDataTest {
 
 struct Ring : RequestMapTest, testing::WithParamInterface<const char*> {
   void showSlots(std::ostream& out) const;
-  void perform(const Names& words, std::ostream& out);
+  bool perform(const Names& words, std::ostream& out);
 };
 
 /// The slots with a camera or an image, and the parked names.
@@ -55,32 +55,35 @@ void Ring::showSlots(std::ostream& out) const {
   }
 }
 
-void Ring::perform(const Names& words, std::ostream& out) {
+bool Ring::perform(const Names& words, std::ostream& out) {
   const auto number = [&](std::size_t at) { return std::stoull(words.at(at)); };
   const auto shortNumber = [&](std::size_t at) { return static_cast<unsigned int>(number(at)); };
   const auto path = [&](std::size_t at) { return kCamera + words.at(at); };
   const auto returns = [&](int result) { out << "= returns " << result << '\n'; };
-  const std::string& verb = words[0];
-  if (verb == "enqueue") enqueue(number(1), number(2));
-  if (verb == "insert") map.insertForCamx(number(1), number(2), shortNumber(3));
-  if (verb == "offset") map.m_OffPreReqStart = number(1);
-  if (verb == "name") {
+  const auto name = [&] {
     std::vector<unsigned int> frames;
     for (std::size_t at = 2; at < words.size(); ++at) frames.push_back(shortNumber(at));
-    const char* const name = words[1] == "null" ? nullptr : words[1].c_str();
-    map.addForImageName(frames, words[1] == "empty" ? "" : name);
-  }
-  if (verb == "dequeue") map.dequeue();
-  if (verb == "dequeueAll") returns(map.dequeueAll());
-  if (verb == "move") returns(map.move_file(path(1).data(), path(2).data()));
-  if (verb == "empty") returns(map.delete_directory(path(1).c_str(), false));
-  if (verb == "delete") returns(map.delete_directory(path(1).c_str(), true));
-  if (verb == "slots") showSlots(out);
+    const char* const image = words[1] == "null" ? nullptr : words[1].c_str();
+    map.addForImageName(frames, words[1] == "empty" ? "" : image);
+  };
+  return call(words[0],
+              {
+                  {"enqueue", [&] { enqueue(number(1), number(2)); }},
+                  {"insert", [&] { map.insertForCamx(number(1), number(2), shortNumber(3)); }},
+                  {"offset", [&] { map.m_OffPreReqStart = number(1); }},
+                  {"name", name},
+                  {"dequeue", [&] { map.dequeue(); }},
+                  {"dequeueAll", [&] { returns(map.dequeueAll()); }},
+                  {"move", [&] { returns(map.move_file(path(1).data(), path(2).data())); }},
+                  {"empty", [&] { returns(map.delete_directory(path(1).c_str(), false)); }},
+                  {"delete", [&] { returns(map.delete_directory(path(1).c_str(), true)); }},
+                  {"slots", [&] { showSlots(out); }},
+              });
 }
 
 TEST_P(Ring, DoesAsItsFileSays) {
   playGolden(GetParam() + std::string(".ring"),
-             [this](const Names& words, std::ostream& out) { perform(words, out); });
+             [this](const Names& words, std::ostream& out) { return perform(words, out); });
 }
 INSTANTIATE_TEST_SUITE_P(All, Ring,
                          testing::Values("full", "restart", "camx", "names", "parked", "image",

@@ -35,7 +35,11 @@ std::string readFile(const std::string& path) {
   return (std::ostringstream() << file.rdbuf()).str();
 }
 
-std::string golden(const std::string& name) { return readFile(SIMULATION_GOLDEN_FOLDER + name); }
+std::string golden(const std::string& name) {
+  const std::string path = SIMULATION_GOLDEN_FOLDER + name;
+  EXPECT_TRUE(fs::exists(path)) << path;
+  return readFile(path);
+}
 
 namespace {
 
@@ -50,8 +54,9 @@ void showFiles(std::ostream& out) {
 }  // namespace
 
 void playGolden(const std::string& name,
-                const std::function<void(const Names& words, std::ostream& out)>& perform) {
+                const std::function<bool(const Names& words, std::ostream& out)>& perform) {
   const std::string expected = golden(name);
+  EXPECT_NE(expected.find("\n="), expected.npos) << name << " expects nothing";
   std::istringstream lines(expected);
   std::ostringstream found, whatever;
   for (std::string line; std::getline(lines, line);) {
@@ -60,24 +65,31 @@ void playGolden(const std::string& name,
     std::ostringstream& out = line[0] == '(' ? whatever : found;
     std::istringstream text(line[0] == '(' ? line.substr(1, line.size() - 2) : line);
     const Names words(std::istream_iterator<std::string>(text), {});
-    if (words[0] == "put") {
-      fs::create_directories(fs::path(kCamera + words[1]).parent_path());
-      writeFile(kCamera + words[1], words.back());
-    } else if (words[0] == "link") {
-      fs::create_symlink(words[1], kCamera + words[2]);
-    } else if (words[0] == "remove") {
-      fs::remove_all(kCamera + words[1]);
-    } else if (words[0] == "rights") {
-      const fs::perms rights = fs::status(kCamera + words[1]).permissions();
-      out << "= " << std::oct << static_cast<int>(rights) << std::dec << '\n';
-    } else if (words[0] == "files") {
-      showFiles(out);
-    } else {
-      perform(words, out);
-    }
+    const auto path = [&](std::size_t at) { return fs::path(kCamera + words.at(at)); };
+    const auto put = [&] {
+      fs::create_directories(path(1).parent_path());
+      writeFile(path(1), words.back());
+    };
+    const auto showRights = [&] {
+      out << "= " << std::oct << static_cast<int>(fs::status(path(1)).permissions()) << std::dec
+          << '\n';
+    };
+    const bool known = call(words[0], {{"put", put},
+                                       {"link", [&] { fs::create_symlink(words[1], path(2)); }},
+                                       {"remove", [&] { fs::remove_all(path(1)); }},
+                                       {"rights", showRights},
+                                       {"files", [&] { showFiles(out); }}}) ||
+                       perform(words, out);
+    EXPECT_TRUE(known) << name << ": no call is named " << words[0];
     for (const LogLine& logged : takeLog()) out << "= " << logged << '\n';
   }
   EXPECT_EQ(found.str(), expected) << name;
+}
+
+bool call(const std::string& name, const std::map<std::string, std::function<void()>>& calls) {
+  const auto found = calls.find(name);
+  if (found != calls.end()) found->second();
+  return found != calls.end();
 }
 
 Names tree(const std::string& folder) {

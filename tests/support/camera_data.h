@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -40,15 +41,18 @@ std::string readFile(const std::string& path);
 std::string golden(const std::string& name);
 
 /// Plays a file of tests/golden: calls, each followed by what came of it, in lines
-/// that begin with "=": what `perform` writes, then the log. In brackets: whatever
-/// comes of it. Of its own it does
+/// that begin with "=": what `perform` writes, then the log; false where it knows no
+/// such call. In brackets: whatever comes of it. Of its own it does
 ///     put FILE [CONTENT]    makes a file and its folders; the content is its path
 ///     link TARGET FILE
 ///     remove FILE           or a folder with all that is in it
 ///     rights FILE
 ///     files                 shows all names, and contents that are not their path
 void playGolden(const std::string& name,
-                const std::function<void(const Names& words, std::ostream& out)>& perform);
+                const std::function<bool(const Names& words, std::ostream& out)>& perform);
+
+/// Makes the call of that name; false where there is none.
+bool call(const std::string& name, const std::map<std::string, std::function<void()>>& calls);
 
 /// All files and folders below `folder`, relative to it, sorted; folders end in "/".
 Names tree(const std::string& folder = kCamera);
