@@ -136,17 +136,21 @@ float floatOf(std::uint32_t bits) { return load<float>(&bits); }
 }  // namespace
 
 int main(int argc, char** argv) {
-  const unsigned long count = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 2000000;
+  const long count = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 2000000;
+  if (count <= 0) {
+    std::fprintf(stderr, "%s: the number of patterns must be positive\n", argv[1]);
+    return 2;
+  }
   std::mt19937_64 random(20);
   std::uniform_real_distribution<float> gain(0, 5000);
-  for (unsigned long i = 0; i < count; ++i) {
+  for (long i = 0; i < count; ++i) {
     const bool withStream = i % 8 == 0;
     checkWriting(floatOf(static_cast<std::uint32_t>(random())), withStream);
     checkWriting(gain(random), withStream);
     checkReading(randomDecimal(random), withStream);
     checkReading(halfWay(gain(random), static_cast<unsigned int>(i % 3)), withStream);
-    if (i % 500000 == 0) std::fprintf(stderr, "%lu of %lu\n", i, count);
+    if (i % 500000 == 0) std::fprintf(stderr, "%ld of %ld\n", i, count);
   }
-  std::printf("%lu patterns, %lu differences\n", count, differences);
+  std::printf("%ld patterns, %lu differences\n", count, differences);
   return differences == 0 ? 0 : 1;
 }

@@ -88,6 +88,8 @@ struct LossTest : CameraDataTest {
       const std::string tmp = simulation::requestFolder(request, camera).c_str() + file[camera];
       const std::string moved = kCamera + imageOf(request) + file[camera];
       const bool inTmp = fs::exists(tmp);
+      ASSERT_FALSE(inTmp && request + kRingRequests < progress->begun)
+          << tmp << " has left the ring";
       if (!hasImage(request) && !inTmp && request + kRingRequests <= progress->begun) continue;
       ASSERT_TRUE(inTmp != fs::exists(moved)) << tmp;
       ASSERT_EQ(readFile(inTmp ? tmp : moved), whole[camera]) << tmp;
@@ -168,6 +170,15 @@ TEST_F(CameraDataTest, ThreadsDumpAndReadBackAllRecordsAtOnce) {
   for (unsigned int thread = 0; thread < kThreads; ++thread) threads.emplace_back(capture, thread);
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(tree(kCamera + "shared").size(), kThreads * kEach * kCameras) << "an index came twice";
+  std::size_t dumped = 0;
+  for (const std::string& path : tree()) {
+    const std::string alone = kCamera + fs::path(path).filename().string();
+    if (path.find('/') == path.npos || !fs::is_regular_file(alone)) continue;
+    EXPECT_TRUE(readFile(kCamera + path) == readFile(alone)) << path;
+    ++dumped;
+  }
+  // 22 records in each request's folder, three in each thread's, three gain tables.
+  EXPECT_EQ(dumped, kThreads * kCameras * (22 * kEach + 4) + 3);
 }
 
 }  // namespace

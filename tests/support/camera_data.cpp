@@ -37,7 +37,7 @@ std::string readFile(const std::string& path) {
 
 std::string golden(const std::string& name) {
   const std::string path = SIMULATION_GOLDEN_FOLDER + name;
-  EXPECT_TRUE(fs::exists(path)) << path;
+  EXPECT_TRUE(fs::exists(path) && fs::file_size(path) != 0) << path << " holds nothing";
   return readFile(path);
 }
 
@@ -62,6 +62,7 @@ void playGolden(const std::string& name,
   for (std::string line; std::getline(lines, line);) {
     if (line[0] == '=') continue;
     found << line << '\n';
+    EXPECT_EQ(line[0] == '(', line.back() == ')') << line;
     std::ostringstream& out = line[0] == '(' ? whatever : found;
     std::istringstream text(line[0] == '(' ? line.substr(1, line.size() - 2) : line);
     const Names words(std::istream_iterator<std::string>(text), {});
