@@ -1,5 +1,7 @@
-# Installs libsimulation, its workstation stand-ins for the device's services and
-# the package that find_package(simulation) finds. The tree can be moved.
+# Installs libsimulation, its workstation stand-ins for the device's services, the program
+# that gives others a data folder, and the packages that find_package(simulation) and
+# pkg-config find, and simrec with its man page and what shells complete its calls by. The
+# tree can be moved.
 include(CMakePackageConfigHelpers)
 
 set_target_properties(simulation_platform PROPERTIES EXPORT_NAME platform)
@@ -17,10 +19,24 @@ configure_package_config_file(cmake/simulationConfig.cmake.in simulationConfig.c
                               INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(simulationConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 
-install(TARGETS simulation simulation_platform EXPORT simulationTargets)
+# Found from the file's own place, so that the tree can be moved.
+file(RELATIVE_PATH pc_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(cmake/simulation.pc.in simulation.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/simulation.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+set_target_properties(simulation_sandbox PROPERTIES EXPORT_NAME sandbox)
+install(TARGETS simulation simulation_platform simulation_sandbox EXPORT simulationTargets)
 install(EXPORT simulationTargets NAMESPACE simulation:: DESTINATION ${package_folder})
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY platform/include/ DESTINATION ${platform_headers})
+if(SIMULATION_SIMREC)
+  install(TARGETS simrec_program)
+  install(FILES doc/simrec.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES simrec/cli/shell/simrec.bash RENAME simrec
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES simrec/cli/shell/_simrec DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+endif()
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/simulationConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/simulationConfigVersion.cmake
         DESTINATION ${package_folder})
