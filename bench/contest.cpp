@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <limits>
 
 #include "bench/clock.h"
 #include "bench/plain/plain.h"
@@ -51,6 +52,7 @@ std::size_t countFiles(const fs::path& folder) {
 Contest::Contest(Families families) : families_(std::move(families)) {
   for (const auto& entry : fs::directory_iterator(kRoot)) fs::remove_all(entry.path());
   inputs_.resize(families_.front().inputs.size());
+  for (auto& times : fastest_) times.assign(inputs_.size(), std::numeric_limits<double>::max());
   for (unsigned int input = 0; input < inputs_.size(); ++input) {
     for (const Side side : {kLibrary, kPlain, kFloor}) {
       inputs_[input].folders[side] = std::to_string(requestOf(side, input));
@@ -171,15 +173,16 @@ double Contest::round(Direction direction) {
     for (unsigned int place = 0; place < kSides; ++place) {
       const unsigned int step = turns_ % 2 == 0 ? place : kSides - place;
       const auto side = static_cast<Side>((turns_ / 2 + step) % kSides);
-      times_[side].push_back(timed(side, direction, input));
+      const double seconds = timed(side, direction, input);
+      fastest_[side][input] = std::min(fastest_[side][input], seconds);
       if (direction == kDump) removeDumps(side, inputs_[input]);
-      if (side == kLibrary) librarySeconds += times_[side].back();
+      if (side == kLibrary) librarySeconds += seconds;
     }
   }
   ++turns_;
   return librarySeconds;
 }
 
-double Contest::median(Side side) const { return medianOf(times_[side]); }
+double Contest::secondsOf(Side side) const { return medianOf(fastest_[side]); }
 
 }  // namespace bench

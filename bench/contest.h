@@ -24,8 +24,9 @@ class Contest {
   /// seconds.
   double round(Direction direction);
 
-  /// Of all rounds and inputs, in seconds.
-  double median(Side side) const;
+  /// The time of an input is that of its fastest round, as whatever else runs on the
+  /// machine only adds to it; this is the median of all inputs, in seconds.
+  double secondsOf(Side side) const;
 
  private:
   struct File {
@@ -50,9 +51,9 @@ class Contest {
   Families families_;
   std::vector<Bytes> live_;  // what a readback of each family fills
   std::vector<Input> inputs_;
-  Bytes staging_;  // the floor copies between
-  Bytes copy_;     // these and the files' bytes
-  std::vector<double> times_[kSides];
+  Bytes staging_;                        // the floor copies between
+  Bytes copy_;                           // these and the files' bytes
+  std::vector<double> fastest_[kSides];  // of each input, in seconds
   unsigned int turns_ = 0;
 };
 

@@ -11,10 +11,12 @@ namespace {
 /// "23.1 (20, 30)": measured, must, aim.
 class Cell {
  public:
-  Cell(double measured, const Goal& goal, bool atLeast) {
+  Cell(double measured, const Goal& goal, bool missed) : missed_(missed) {
     int length = std::snprintf(text_, sizeof text_, "%.2f", measured);
-    if (goal.must == 0) return;
-    missed_ = atLeast ? measured < goal.must : measured > goal.must;
+    if (goal.must == 0) {
+      if (goal.aim != 0) std::snprintf(text_ + length, kRoom, " (-, %g)", goal.aim);
+      return;
+    }
     if (goal.aim == 0) {
       length += std::snprintf(text_ + length, kRoom, " (%g)", goal.must);
     } else {
@@ -29,7 +31,7 @@ class Cell {
  private:
   static constexpr std::size_t kRoom = 24;
   char text_[3 * kRoom] = "";
-  bool missed_ = false;
+  bool missed_;
 };
 
 int printSide(const Results& results, const std::string& name, const Goals& goals) {
@@ -39,8 +41,9 @@ int printSide(const Results& results, const std::string& name, const Goals& goal
     return 0;
   }
   const auto& counters = found->second;
-  const Cell speedup(counters.at("speedup"), goals.speedup, true);
-  const Cell floors(counters.at("floors"), goals.floors, false);
+  const double ratios[] = {counters.at("speedup"), counters.at("floors")};
+  const Cell speedup(ratios[0], goals.speedup, goals.missedBySpeedup(ratios[0]));
+  const Cell floors(ratios[1], goals.floors, goals.missedByFloors(ratios[1]));
   std::printf(" %-22s | %-22s |", speedup.text(), floors.text());
   return speedup.missed() + floors.missed();
 }
@@ -61,7 +64,7 @@ int printRatios(const Results& results) {
   int missed = 0;
   std::printf(
       "Measured (must, aim). A column \"x baseline\" is baseline / library, a column "
-      "\"/ floor\" library / floor; medians.\n\n");
+      "\"/ floor\"\nlibrary / floor; of each input's fastest round, the median.\n\n");
   std::printf("| %-22s | %-22s | %-22s | %-22s | %-22s |\n", "operation", "dump x baseline",
               "dump / floor", "readback x baseline", "readback / floor");
   std::printf("| --- | --- | --- | --- | --- |\n");
@@ -93,7 +96,7 @@ int printRing(const Results& results) {
   constexpr double kMostGrowth = 2;
   const auto first = results.find("ring/10");
   if (first == results.end()) return 0;
-  std::printf("\nRequest map, microseconds per request with dumps, by folders in tmp:");
+  std::printf("\nRequest map, microseconds per request with dumps, by folders in tmp:\n ");
   double growth = 0;
   for (int folders = 10; folders <= kMostFolders; folders *= 10) {
     const auto found = results.find("ring/" + std::to_string(folders));

@@ -32,15 +32,21 @@ void replayStaged(const char* path, void* staging, void* data, std::size_t size,
               size - liveHead);
 }
 
+void dumpBinaryRecord(const BinaryRecord& record, const char* path, const void* data) {
+  if (record.firstDumpWins && exists(path)) return;
+  writeFile(data, path, record.size, kDumpFlags);
+}
+
+void readBinaryRecord(const BinaryRecord& record, const char* path, void* data) {
+  requireBelow(record.size, kLargestBinaryRecord + 1);
+  std::array<char, kLargestBinaryRecord> staging;
+  replayStaged(path, staging.data(), data, record.size, record.liveHead);
+}
+
 void runBinaryRecord(const BinaryRecord& record, const SimulationInfo& info, const Path& path,
                      void* data) {
-  if (info.mode == kDump && !(record.firstDumpWins && exists(path.c_str()))) {
-    writeFile(data, path.c_str(), record.size, kDumpFlags);
-  } else if (info.mode == kReadback) {
-    requireBelow(record.size, kLargestBinaryRecord + 1);
-    std::array<char, kLargestBinaryRecord> staging;
-    replayStaged(path.c_str(), staging.data(), data, record.size, record.liveHead);
-  }
+  if (info.mode == kDump) dumpBinaryRecord(record, path.c_str(), data);
+  if (info.mode == kReadback) readBinaryRecord(record, path.c_str(), data);
 }
 
 void runBinaryRecord(const BinaryRecord& record, const SimulationInfo& info, void* data,

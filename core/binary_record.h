@@ -37,7 +37,13 @@ void logStagedCount(const char* path, std::size_t count, std::size_t size);
 void replayStaged(const char* path, void* staging, void* data, std::size_t size,
                   std::size_t liveHead = 0);
 
-/// Writes or replays `data` at `path`, as the mode says.
+/// Writes `data` to `path`, unless a first dump that wins is there.
+void dumpBinaryRecord(const BinaryRecord& record, const char* path, const void* data);
+
+/// Replays `path` over `data` when all of the record is there.
+void readBinaryRecord(const BinaryRecord& record, const char* path, void* data);
+
+/// Dumps or replays `data` at `path`, as the mode says.
 void runBinaryRecord(const BinaryRecord& record, const SimulationInfo& info, const Path& path,
                      void* data);
 

@@ -11,6 +11,7 @@
 #include "core/eight_digits.h"
 #include "core/number_text.h"
 #include "core/powers_of_ten.h"
+#include "core/six_decimals.h"
 
 namespace simulation {
 namespace {
@@ -137,23 +138,8 @@ bool extractDigits(const char*& cursor, const char* end, std::uint64_t most, std
   return fits && value <= most;
 }
 
-/// Takes a number of up to eight digits, with one blank in front at most.
-template <typename Unsigned>
-bool takePlainUnsigned(const char*& cursor, const char* end, Unsigned& value) {
-  if (end - cursor < 10) return false;
-  const char* const text = cursor + (*cursor == ' ' ? 1 : 0);
-  const LeadingDigits digits(text);
-  const char* const stop = text + digits.count;
-  const bool plain = digits.count != 0 && digitOf(*stop) > 9;
-  if (!plain || digits.value > std::numeric_limits<Unsigned>::max()) return false;
-  cursor = stop;
-  value = static_cast<Unsigned>(digits.value);
-  return true;
-}
-
 template <typename Unsigned>
 bool extractUnsigned(const char*& cursor, const char* end, Unsigned& value) {
-  if (takePlainUnsigned(cursor, end, value)) return true;
   cursor = skipBlanks(cursor, end);
   const bool negative = cursor != end && *cursor == '-';
   if (cursor != end && isSign(*cursor)) ++cursor;
@@ -211,6 +197,9 @@ long long toLongLong(std::string_view text) {
 
 const char* takeListedFloat(const char* text, const char* end, float& value) {
   if (end - text < 18) return nullptr;
+  if (const SixDecimals number(text); number.valid && text[8] == ' ') {
+    return nearestFloat({number.millionths, 0}, 6, value) ? text + 8 : nullptr;
+  }
   const LeadingDigits whole(text);
   const char* stop = text + whole.count;
   if (whole.count == 0 || *stop != '.') return nullptr;

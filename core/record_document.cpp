@@ -1,10 +1,6 @@
 #include "core/record_document.h"
 
-#include <sys/stat.h>
-
-#include <cstdint>
-
-#include "core/raw_file.h"
+#include "core/list_end.h"
 
 namespace simulation {
 namespace {
@@ -17,36 +13,13 @@ constexpr std::size_t kMostLists = 26;
 /// Shorter lists are left to the parser.
 constexpr std::size_t kShortestList = 256;
 
-/// Whether `text` could stand between two tags only as what it is: with none of
-/// these characters can it begin, end or change anything, wherever in a document.
-/// Written, and kept out of line, so that compilers look at many characters at once.
-__attribute__((noinline)) bool isList(std::string_view text) {
-  std::uint8_t plain = 1;
-  for (const char character : text) {
-    const auto code = static_cast<std::uint8_t>(character);
-    std::uint8_t known = 0;
-    if (static_cast<std::uint8_t>(code - '0') < 10) known = 1;
-    if (code == ' ') known = 1;
-    if (code == '.') known = 1;
-    if (code == '-') known = 1;
-    if (code == '\n') known = 1;
-    plain &= known;
-  }
-  return plain != 0 && text.front() >= '0' && text.front() <= '9';
-}
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 /// Not where a mark could be the file's own (an entity may stand for it), or become
-/// part of a longer text.
-bool mayHoldLists(std::string_view text) {
+/// part of a longer text. What is in lists need not be looked at.
+bool mayHoldMarks(std::string_view text) {
   const auto lacks = [text](auto part) { return text.find(part) == std::string_view::npos; };
   return lacks(kListMark) && lacks('&') && lacks("<![CDATA[");
-}
-
-/// The size of a regular file; 0 for anything else.
-std::size_t sizeOf(const FileDescriptor& file) {
-  struct stat status = {};
-  const bool known = file.valid() && fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
-  return known ? static_cast<std::size_t>(status.st_size) : 0;
 }
 
 }  // namespace
@@ -55,43 +28,53 @@ tinyxml2::XMLError RecordDocument::load(const char* path) {
   // Whatever is wrong with the file, tinyxml2 says what, and what it could parse.
   if (loadWithoutLists(path)) return tinyxml2::XML_SUCCESS;
   lists_.clear();
-  file_.reset();
+  file_ = {};
   return LoadFile(path);
 }
 
 bool RecordDocument::loadWithoutLists(const char* path) {
-  const FileDescriptor file(open(path, O_RDONLY));
-  const std::size_t size = sizeOf(file);
-  file_.reset(new char[size]);
-  if (size == 0 || readUpTo(file, file_.get(), size) != size) return false;
-  const std::string_view text(file_.get(), size);
-  const std::unique_ptr<char[]> rest(new char[size]);
-  const char* const end = takeLists(text, rest.get());
+  file_ = readWholeFile(path);
+  if (file_.size == 0) return false;
+  const std::string_view text(file_.bytes.get(), file_.size);
+  findLists(text);
   if (lists_.empty()) return parses(text);
-  if (!mayHoldLists(text)) return false;
+  const std::string marked = withMarks(text);
   for (const std::string_view list : lists_)
-    file_.get()[list.data() + list.size() - file_.get()] = '\0';
-  return parses({rest.get(), static_cast<std::size_t>(end - rest.get())});
+    file_.bytes[static_cast<std::size_t>(list.data() + list.size() - text.data())] = '\0';
+  return !marked.empty() && parses(marked);
 }
 
-/// Copies `text` to `out`, with marks instead of its lists. Returns the end.
-const char* RecordDocument::takeLists(std::string_view text, char* out) {
-  std::size_t copied = 0;
-  const auto copyUpTo = [&](std::size_t at) { out += text.copy(out, at - copied, copied); };
-  for (std::size_t end = 0; lists_.size() < kMostLists;) {
-    const std::size_t begin = text.find('>', end) + 1;  // 0 when there is none
-    end = text.find('<', begin);
-    if (begin == 0 || end == std::string_view::npos) break;
-    const std::string_view list = text.substr(begin, end - begin);
-    if (list.size() < kShortestList || !isList(list)) continue;
-    copyUpTo(begin);
-    copied = end;
-    *out++ = kListMark;
-    *out++ = static_cast<char>('A' + lists_.size());
-    lists_.push_back(list);
+/// Lists stand between two tags. A document that holds one in another place than an
+/// element's text, say in a comment, loses it there, where no number is read.
+void RecordDocument::findLists(std::string_view text) {
+  for (std::size_t at = 0; lists_.size() < kMostLists;) {
+    const std::size_t begin = text.find('>', at) + 1;  // 0 when there is none
+    if (begin == 0 || text.size() - begin < kShortestList) return;
+    at = listEnd(text, begin);
+    const std::string_view list = text.substr(begin, at - begin);
+    const bool whole = at < text.size() && text[at] == '<';
+    if (whole && list.size() >= kShortestList && isDigit(list.front())) lists_.push_back(list);
+    at = text.find('<', at);
   }
-  copyUpTo(text.size());
-  return out;
+}
+
+/// The text with marks in the places of its lists; empty where marks could not be told
+/// from what the file holds.
+std::string RecordDocument::withMarks(std::string_view text) const {
+  std::string marked;
+  const char* copied = text.data();
+  const auto copyUpTo = [&](const char* at) {
+    const std::string_view part(copied, static_cast<std::size_t>(at - copied));
+    marked += part;
+    return mayHoldMarks(part);
+  };
+  char name = 'A';
+  for (const std::string_view list : lists_) {
+    if (!copyUpTo(list.data())) return "";
+    marked += {kListMark, name++};
+    copied = list.data() + list.size();
+  }
+  return copyUpTo(text.data() + text.size()) ? marked : "";
 }
 
 std::string_view textOf(const tinyxml2::XMLElement& element) {

@@ -4,9 +4,11 @@
 
 #include <tinyxml2.h>
 
-#include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/whole_file.h"
 
 namespace simulation {
 
@@ -21,12 +23,13 @@ class RecordDocument final : public tinyxml2::XMLDocument {
   friend std::string_view textOf(const tinyxml2::XMLElement& element);
 
   bool loadWithoutLists(const char* path);
-  const char* takeLists(std::string_view text, char* out);
+  void findLists(std::string_view text);
+  std::string withMarks(std::string_view text) const;
   bool parses(std::string_view text) {
     return Parse(text.data(), text.size()) == tinyxml2::XML_SUCCESS;
   }
 
-  std::unique_ptr<char[]> file_;         ///< the file that was loaded
+  WholeFile file_;                       ///< the file that was loaded
   std::vector<std::string_view> lists_;  ///< the lists in it
 };
 
