@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "acb/codecs.h"
 #include "core/bytes.h"
 #include "core/data_paths.h"
 #include "core/log.h"
@@ -16,7 +17,9 @@ namespace {
 constexpr char kElement[] = "orientation";
 constexpr std::size_t kOffset = offsetof(AcbDeviceOrientation, orientation);
 
-void dump(const void* record, const char* path) {
+}  // namespace
+
+void dumpAcbOrientation(const char* path, const void* record) {
   const auto printer = std::make_unique<XmlPrinter>(path);
   printer->OpenElement("ExtExposure");
   printer->OpenElement(kElement);
@@ -30,8 +33,7 @@ void dump(const void* record, const char* path) {
   }
 }
 
-/// What is missing from the file, or no integer, leaves the record.
-void readBack(void* record, const char* path) {
+void readAcbOrientation(const char* path, void* record) {
   tinyxml2::XMLDocument document;
   if (document.LoadFile(path) != tinyxml2::XML_SUCCESS) {
     SimulationLog(kError, "dump %s fail error:%d", path, document.ErrorID());
@@ -46,7 +48,6 @@ void readBack(void* record, const char* path) {
   }
 }
 
-}  // namespace
 }  // namespace simulation
 
 using namespace simulation;
@@ -56,6 +57,6 @@ void Simulation::SimulationForACBdeviceOri(SimulationInfo* info, void* orientati
   const Path prefix =
       namedFolderPrefix(static_cast<int>(info->mode), FileType::ACB, info->folderName);
   const Path path(prefix, "_acb_orientation_camId[", camId, "].xml");
-  if (info->mode == kDump) dump(orientationRecord, path.c_str());
-  if (info->mode == kReadback) readBack(orientationRecord, path.c_str());
+  if (info->mode == kDump) dumpAcbOrientation(path.c_str(), orientationRecord);
+  if (info->mode == kReadback) readAcbOrientation(path.c_str(), orientationRecord);
 }

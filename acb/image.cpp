@@ -5,6 +5,7 @@
 
 #include <cstring>
 
+#include "acb/codecs.h"
 #include "core/bytes.h"
 #include "core/data_paths.h"
 #include "core/log.h"
@@ -34,7 +35,7 @@ bool readPlane(const FileDescriptor& file, const Plane& plane) {
   return !failed;
 }
 
-void dump(const Plane& y, const Plane& c, const char* path) {
+void dump(const char* path, const Plane& y, const Plane& c) {
   const FileDescriptor file(open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666));
   if (!file.valid()) {
     SimulationLog(kError, "Failed to open file %s for writing", path);
@@ -45,7 +46,7 @@ void dump(const Plane& y, const Plane& c, const char* path) {
   }
 }
 
-void readBack(const Plane& y, const Plane& c, const char* path) {
+void readBack(const char* path, const Plane& y, const Plane& c) {
   const FileDescriptor file(open(path, O_RDONLY));
   if (!file.valid()) {
     SimulationLog(kError, "Failed to open file %s for reading", path);
@@ -56,7 +57,21 @@ void readBack(const Plane& y, const Plane& c, const char* path) {
   }
 }
 
+/// Calls `run(path, y, c)`, unless the image or one of its planes is null.
+template <typename Run>
+void withPlanes(const char* path, const void* image, Run run) {
+  if (image == nullptr) return;
+  const Plane y = planeAt(image, offsetof(AcbImage, y));
+  const Plane c = planeAt(image, offsetof(AcbImage, c));
+  if (y.data != nullptr && c.data != nullptr) run(path, y, c);
+}
+
 }  // namespace
+
+void dumpAcbImage(const char* path, const void* image) { withPlanes(path, image, dump); }
+
+void readAcbImage(const char* path, const void* image) { withPlanes(path, image, readBack); }
+
 }  // namespace simulation
 
 using namespace simulation;
@@ -71,10 +86,6 @@ void Simulation::SimulationForACB(SimulationInfo* info, void* imageRecord, unsig
   const Path prefix =
       namedFolderPrefix(static_cast<int>(info->mode), FileType::ACB, info->folderName);
   const Path path(prefix, "_acb_camId[", camId, "].bin");
-  if (imageRecord == nullptr) return;
-  const Plane y = planeAt(imageRecord, offsetof(AcbImage, y));
-  const Plane c = planeAt(imageRecord, offsetof(AcbImage, c));
-  if (y.data == nullptr || c.data == nullptr) return;
-  if (info->mode == kDump) dump(y, c, path.c_str());
-  if (info->mode == kReadback) readBack(y, c, path.c_str());
+  if (info->mode == kDump) dumpAcbImage(path.c_str(), imageRecord);
+  if (info->mode == kReadback) readAcbImage(path.c_str(), imageRecord);
 }

@@ -3,6 +3,7 @@
 #include <simulation/records.h>
 #include <simulation/simulation.h>
 
+#include "ae/codecs.h"
 #include "core/bytes.h"
 #include "core/data_paths.h"
 #include "core/log.h"
@@ -42,13 +43,11 @@ constexpr XmlField kFields[] = {
 
 void logNoMemory(const char* path) { SimulationLog(kError, "create XMLDocument %s failed", path); }
 
-void dump(const char* path, const void* data) {
-  const auto printer = newXmlPrinter(path);
-  if (printer == nullptr) return logNoMemory(path);
-  printer->OpenElement("SimulationData");
-  printFields(*printer, data, kFields);
-  printer->CloseElement();
-  finishAndLog(*printer, path, kError);
+/// Null, and one logged line, when there is no memory.
+XmlDocument newDocument(const char* path) {
+  XmlDocument document = newXmlDocument();
+  if (document == nullptr) logNoMemory(path);
+  return document;
 }
 
 /// Unlike the other records, this one needs all of its elements: it stops at the
@@ -75,6 +74,21 @@ void readBack(RecordDocument& document, const char* path, void* data) {
 }
 
 }  // namespace
+
+void dumpAecData(const char* path, const void* aecOutput) {
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return logNoMemory(path);
+  printer->OpenElement("SimulationData");
+  printFields(*printer, aecOutput, kFields);
+  printer->CloseElement();
+  finishAndLog(*printer, path, kError);
+}
+
+void readAecData(const char* path, void* aecOutput) {
+  const XmlDocument document = newDocument(path);
+  if (document != nullptr) readBack(*document, path, aecOutput);
+}
+
 }  // namespace simulation
 
 using namespace simulation;
@@ -83,8 +97,8 @@ void Simulation::SimulationForAECData(SimulationInfo* info, void* aecOutput, uns
                                       unsigned int camId, void* evIndex) {
   const Path prefix = recordPrefix(static_cast<int>(info->mode), FileType::AE, requestId, camId);
   const Path path(prefix, "_AECData_camId[", camId, "]_ev[", load<std::uint32_t>(evIndex), "].xml");
-  if (info->mode == kDump) return dump(path.c_str(), aecOutput);
-  const XmlDocument document = newXmlDocument();
-  if (document == nullptr) return logNoMemory(path.c_str());
-  if (info->mode == kReadback) readBack(*document, path.c_str(), aecOutput);
+  if (info->mode == kDump) return dumpAecData(path.c_str(), aecOutput);
+  if (info->mode == kReadback) return readAecData(path.c_str(), aecOutput);
+  // Any other mode, too, takes memory for a document, or says that there is none.
+  newDocument(path.c_str());
 }

@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "awb/codecs.h"
 #include "core/bytes.h"
 #include "core/data_paths.h"
 #include "core/log.h"
@@ -31,27 +32,6 @@ void readMatrix(const tinyxml2::XMLElement& element, void* data) {
   }
 }
 
-void dump(const char* path, const void* data) {
-  const auto printer = newXmlPrinter(path);
-  if (printer == nullptr) return;
-  const char* const record = static_cast<const char*>(data);
-  printer->OpenElement("SimulationData");
-  printer->OpenElement("AWBAlgoExposureInformation");
-  writeFloatAttribute(*printer, "luxIndex", record);
-  printer->PushAttribute("AECSettled",
-                         load<std::int32_t>(record, offsetof(AWBExposureInfo, AECSettled)));
-  writeUnsigned64Attribute(*printer, "frameDuration",
-                           record + offsetof(AWBExposureInfo, frameDuration));
-  printer->OpenElement("BETemplateMatrix");
-  printer->pushNumbers(kMatrixSize, [record](char* out, std::size_t i) {
-    return writeBlank(writeStreamFloat(out, load<float>(record, matrixAt(i))));
-  });
-  printer->CloseElement();
-  printer->CloseElement();
-  printer->CloseElement();
-  finishAndLog(*printer, path, kVerbose);
-}
-
 void readAttributes(const tinyxml2::XMLElement& exposure, void* data) {
   char* const record = static_cast<char*>(data);
   queryFloatAttribute(exposure, "luxIndex", record);
@@ -75,6 +55,33 @@ void readBack(RecordDocument& document, const char* path, void* data) {
 }
 
 }  // namespace
+
+void dumpAwbAecData(const char* path, const void* data) {
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return;
+  const char* const record = static_cast<const char*>(data);
+  printer->OpenElement("SimulationData");
+  printer->OpenElement("AWBAlgoExposureInformation");
+  writeFloatAttribute(*printer, "luxIndex", record);
+  printer->PushAttribute("AECSettled",
+                         load<std::int32_t>(record, offsetof(AWBExposureInfo, AECSettled)));
+  writeUnsigned64Attribute(*printer, "frameDuration",
+                           record + offsetof(AWBExposureInfo, frameDuration));
+  printer->OpenElement("BETemplateMatrix");
+  printer->pushNumbers(kMatrixSize, [record](char* out, std::size_t i) {
+    return writeBlank(writeStreamFloat(out, load<float>(record, matrixAt(i))));
+  });
+  printer->CloseElement();
+  printer->CloseElement();
+  printer->CloseElement();
+  finishAndLog(*printer, path, kVerbose);
+}
+
+void readAwbAecData(const char* path, void* data) {
+  const XmlDocument document = newXmlDocument();
+  if (document != nullptr) readBack(*document, path, data);
+}
+
 }  // namespace simulation
 
 using namespace simulation;
@@ -82,8 +89,7 @@ using namespace simulation;
 void Simulation::SimulationForAWBAECData(SimulationInfo* info, void* data, unsigned int requestId,
                                          unsigned int camId) {
   const Path path = recordPath(*info, FileType::AWB, "_AECData", requestId, camId, ".xml");
-  if (info->mode == kDump) return dump(path.c_str(), data);
-  const XmlDocument document = newXmlDocument();
-  if (document == nullptr) return;
-  if (info->mode == kReadback) readBack(*document, path.c_str(), data);
+  if (info->mode == kDump) return dumpAwbAecData(path.c_str(), data);
+  if (info->mode == kReadback) return readAwbAecData(path.c_str(), data);
+  newXmlDocument();  // any other mode takes memory for one, too
 }

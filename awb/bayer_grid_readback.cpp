@@ -8,6 +8,7 @@
 
 #include "awb/bayer_grid.h"
 #include "core/bytes.h"
+#include "core/listed_numbers.h"
 #include "core/log.h"
 #include "core/number_text.h"
 #include "core/xml_document.h"
@@ -24,9 +25,11 @@ template <typename Value>
 void readValues(std::string_view text, SimulationAWBBGStats& copy, std::size_t offset) {
   const char* cursor = text.data();
   const char* const end = cursor + text.size();
-  Value value;
-  for (std::size_t i = 0; i < BayerGridOutput::kMaxRegions && extract(cursor, end, value); ++i) {
-    store(&copy.regions[i], offset, value);
+  std::size_t count = 0;
+  const auto put = [&](Value value) { store(&copy.regions[count++], offset, value); };
+  for (Value value;; put(value)) {
+    takeListedNumbers<Value>(cursor, end, BayerGridOutput::kMaxRegions - count, put);
+    if (count == BayerGridOutput::kMaxRegions || !extract(cursor, end, value)) return;
   }
 }
 

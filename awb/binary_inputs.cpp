@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+#include "awb/codecs.h"
 #include "core/binary_record.h"
 #include "core/bytes.h"
 #include "core/data_paths.h"
@@ -17,11 +18,6 @@
 namespace simulation {
 namespace {
 
-constexpr BinaryRecord kFaceRoi = {FileType::AWB, "_FaceROI", 1784, 8};
-constexpr BinaryRecord kIspStatsConfig = {FileType::AWB, "_ISPAWBBGStatsConfig_", 144};
-constexpr BinaryRecord kFrameControlData = {FileType::AWB, "_AWBFrameControlData", 888};
-
-constexpr std::size_t kTuningModeSize = 60;
 using TuningMode = std::array<char, kTuningModeSize>;
 
 /// Whether a saved tuning mode belongs to the sensor mode that is live now.
@@ -36,71 +32,93 @@ bool fitsLiveMode(const TuningMode& saved, const void* live) {
   return load<std::uint32_t>(saved.data(), 24) == load<std::uint32_t>(live, 24);
 }
 
-/// Differs from the other records: whatever could be read, padded with zeros, is
-/// replayed when it fits, and the count is logged after every read.
-void replayTuningMode(const char* path, void* live) {
-  TuningMode saved = {};
-  if (const auto count = readStaged(path, saved.data(), saved.size())) {
-    logStagedCount(path, *count, saved.size());
-  }
-  if (fitsLiveMode(saved, live)) std::memcpy(live, saved.data(), saved.size());
-}
-
 Path inputPath(const SimulationInfo& info, const char* tail, unsigned int requestId,
                unsigned int camId) {
   return recordPath(info, FileType::AWB, tail, requestId, camId, ".bin");
 }
 
-/// A record of the caller's size is read straight into the caller's memory.
+/// What a count of floats takes. Aborts when it is negative.
+std::size_t sizeOfFloats(int count) {
+  if (count < 0) fatal();
+  return static_cast<std::size_t>(count) * sizeof(float);
+}
+
 void runSizedInput(const SimulationInfo& info, const char* tail, void* data, std::size_t size,
                    unsigned int requestId, unsigned int camId) {
   const Path path = inputPath(info, tail, requestId, camId);
-  if (info.mode == kDump) writeFile(data, path.c_str(), size, kDumpFlags);
-  if (info.mode == kReadback) readFile(data, path.c_str(), size, 0);
+  if (info.mode == kDump) dumpSizedInput(path.c_str(), data, size);
+  if (info.mode == kReadback) readSizedInput(path.c_str(), data, size);
 }
 
 }  // namespace
+
+void dumpTuningMode(const char* path, const void* data) {
+  writeFile(data, path, kTuningModeSize, kDumpFlags);
+}
+
+/// Differs from the other records: whatever could be read, padded with zeros, is
+/// replayed when it fits, and the count is logged after every read.
+void readTuningMode(const char* path, void* data) {
+  TuningMode saved = {};
+  if (const auto count = readStaged(path, saved.data(), saved.size())) {
+    logStagedCount(path, *count, saved.size());
+  }
+  if (fitsLiveMode(saved, data)) std::memcpy(data, saved.data(), saved.size());
+}
+
+void dumpExtensionInfo(const char* path, const void* data, int count) {
+  writeFile(data, path, sizeOfFloats(count), kDumpFlags);
+}
+
+void readExtensionInfo(const char* path, void* data, int count) {
+  const std::size_t size = sizeOfFloats(count);
+  const std::unique_ptr<char[]> staging(new char[size]);
+  replayStaged(path, staging.get(), data, size);
+}
+
+void dumpSizedInput(const char* path, const void* data, std::size_t size) {
+  writeFile(data, path, size, kDumpFlags);
+}
+
+/// Straight into the caller's memory.
+void readSizedInput(const char* path, void* data, std::size_t size) {
+  readFile(data, path, size, 0);
+}
+
 }  // namespace simulation
 
 using namespace simulation;
 
 void Simulation::SimulationForAWBFaceROI(SimulationInfo* info, void* data, unsigned int requestId,
                                          unsigned int camId) {
-  runBinaryRecord(kFaceRoi, *info, data, requestId, camId);
+  runBinaryRecord(kAwbFaceRoi, *info, data, requestId, camId);
 }
 
 void Simulation::SimulationForAWBISPStatsConfig(SimulationInfo* info, void* data,
                                                 unsigned int requestId, unsigned int camId,
                                                 const char* text) {
-  const Path tail(kIspStatsConfig.tail, text);
+  const Path tail(kAwbIspStatsConfig.tail, text);
   const Path path = inputPath(*info, tail.c_str(), requestId, camId);
-  runBinaryRecord(kIspStatsConfig, *info, path, data);
+  runBinaryRecord(kAwbIspStatsConfig, *info, path, data);
 }
 
 void Simulation::SimulationForAWBTuningMode(SimulationInfo* info, void* data,
                                             unsigned int requestId, unsigned int camId) {
   const Path path = inputPath(*info, "_TuningMode", requestId, camId);
-  if (info->mode == kDump) writeFile(data, path.c_str(), kTuningModeSize, kDumpFlags);
-  if (info->mode == kReadback) replayTuningMode(path.c_str(), data);
+  if (info->mode == kDump) dumpTuningMode(path.c_str(), data);
+  if (info->mode == kReadback) readTuningMode(path.c_str(), data);
 }
 
 void Simulation::SimulationForAWBExtensionInfo(SimulationInfo* info, float* data, int count,
                                                unsigned int requestId, unsigned int camId) {
   const Path path = inputPath(*info, "_ExtensionInfo", requestId, camId);
-  if (info->mode != kDump && info->mode != kReadback) return;
-  if (count < 0) fatal();
-  const std::size_t size = static_cast<std::size_t>(count) * sizeof(float);
-  if (info->mode == kDump) {
-    writeFile(data, path.c_str(), size, kDumpFlags);
-  } else {
-    const std::unique_ptr<char[]> staging(new char[size]);
-    replayStaged(path.c_str(), staging.get(), data, size);
-  }
+  if (info->mode == kDump) dumpExtensionInfo(path.c_str(), data, count);
+  if (info->mode == kReadback) readExtensionInfo(path.c_str(), data, count);
 }
 
 void Simulation::SimulationForAWBFrameControlData(SimulationInfo* info, void* data,
                                                   unsigned int requestId, unsigned int camId) {
-  runBinaryRecord(kFrameControlData, *info, data, requestId, camId);
+  runBinaryRecord(kAwbFrameControlData, *info, data, requestId, camId);
 }
 
 void Simulation::SimulationForAWBinputColorData(SimulationInfo* info, void* data,

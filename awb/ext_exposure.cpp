@@ -2,7 +2,9 @@
 #include <simulation/simulation.h>
 
 #include <memory>
+#include <utility>
 
+#include "awb/codecs.h"
 #include "core/data_paths.h"
 #include "core/log.h"
 #include "core/xml_document.h"
@@ -44,7 +46,26 @@ void readBack(RecordDocument& document, const char* path, void* data) {
   if (root != nullptr) applyFields(*root, data, kFields);
 }
 
+/// Leaves the document allocated, on purpose: this record's is never freed (1 KB
+/// for a dump, some 10 KB for a readback, more for a larger file).
+void keepAllocated(std::unique_ptr<RecordDocument> document) {
+  (void)document.release();  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+}
+
 }  // namespace
+
+void dumpExtExposure(const char* path, const void* data) {
+  auto document = std::make_unique<RecordDocument>();
+  dump(path, data);
+  keepAllocated(std::move(document));
+}
+
+void readExtExposure(const char* path, void* data) {
+  auto document = std::make_unique<RecordDocument>();
+  readBack(*document, path, data);
+  keepAllocated(std::move(document));
+}
+
 }  // namespace simulation
 
 using namespace simulation;
@@ -53,11 +74,6 @@ void Simulation::SimulationForAWBExtExposure(SimulationInfo* info, void* data,
                                              unsigned int requestId, unsigned int camId) {
   if (requestId < kFirstRequest) return;
   const Path path = recordPath(*info, FileType::AWB, "_ExtExposure", requestId, camId, ".xml");
-  if (info->mode != kDump && info->mode != kReadback) return;
-  auto document = std::make_unique<RecordDocument>();
-  if (info->mode == kDump) dump(path.c_str(), data);
-  if (info->mode == kReadback) readBack(*document, path.c_str(), data);
-  // Left allocated on purpose: this record's document is never freed (1 KB for a
-  // dump, some 10 KB for a readback, more for a larger file).
-  (void)document.release();  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+  if (info->mode == kDump) dumpExtExposure(path.c_str(), data);
+  if (info->mode == kReadback) readExtExposure(path.c_str(), data);
 }

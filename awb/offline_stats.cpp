@@ -5,15 +5,17 @@
 
 #include <cstring>
 
+#include "awb/codecs.h"
 #include "core/binary_record.h"
 #include "core/data_paths.h"
 
 namespace simulation {
-namespace {
 
-constexpr BinaryRecord kConfig = {FileType::OfflineAWB, "_ISPAWBBGStatsConfig", 144, 0, true};
+void dumpOfflineStats(const char* path, void* stats) {
+  if (exists(path)) return;
+  SimulationMgr::getInstance()->dumpAWBStatsForSimulation(stats, const_cast<char*>(path));
+}
 
-}  // namespace
 }  // namespace simulation
 
 using namespace simulation;
@@ -25,12 +27,11 @@ void Simulation::getOfflineAWBFilesPath(int mode, FileType type, char* out, unsi
 
 void Simulation::SimulationForOfflineAWBBGStats(SimulationInfo* info, void* stats, void* config,
                                                 unsigned int, unsigned int camId) {
-  const Path prefix =
-      namedFolderPrefix(static_cast<int>(info->mode), kConfig.type, info->folderName);
+  const Path prefix = namedFolderPrefix(static_cast<int>(info->mode), kOfflineIspStatsConfig.type,
+                                        info->folderName);
   Path statsPath(prefix, "_ParsedAWBStatsOutput_camId[", camId, "].xml");
-  if (info->mode == kDump && !exists(statsPath.c_str())) {
-    dumpAWBStatsForSimulation(stats, statsPath.data());
-  }
+  if (info->mode == kDump) dumpOfflineStats(statsPath.c_str(), stats);
   if (info->mode == kReadback) readAWBStatsForSimulation(stats, statsPath.data());
-  runBinaryRecord(kConfig, *info, Path(prefix, kConfig.tail, "_camId[", camId, "].bin"), config);
+  runBinaryRecord(kOfflineIspStatsConfig, *info,
+                  Path(prefix, kOfflineIspStatsConfig.tail, "_camId[", camId, "].bin"), config);
 }

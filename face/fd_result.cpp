@@ -2,40 +2,35 @@
 // after another in one file that does not tell where a block ends.
 #include <simulation/simulation.h>
 
-#include <array>
-
 #include "core/data_paths.h"
 #include "core/fatal.h"
 #include "core/raw_file.h"
+#include "face/codecs.h"
 
 namespace simulation {
 namespace {
 
-struct Block {
-  void* data;
-  std::size_t size;
-};
-using Blocks = std::array<Block, 6>;
-
-/// Each block is appended by itself: one that fails is missing from the file,
-/// which shifts those after it.
-void dump(const Blocks& blocks, const char* path) {
-  if (exists(path)) return;
-  for (const Block& block : blocks) {
-    writeFile(block.data, path, block.size, kDumpFlags | O_APPEND);
-  }
-}
-
 /// Where the block after `block` begins. Aborts when no size_t can tell.
-std::size_t offsetAfter(std::size_t offset, const Block& block) {
+std::size_t offsetAfter(std::size_t offset, const FdBlock& block) {
   std::size_t next = 0;
   if (__builtin_add_overflow(offset, block.size, &next)) fatal();
   return next;
 }
 
+}  // namespace
+
+/// Each block is appended by itself: one that fails is missing from the file,
+/// which shifts those after it.
+void dumpFdResult(const char* path, const FdBlocks& blocks) {
+  if (exists(path)) return;
+  for (const FdBlock& block : blocks) {
+    writeFile(block.data, path, block.size, kDumpFlags | O_APPEND);
+  }
+}
+
 /// Offsets count whole blocks, however much of them could be read. Only their
 /// low 32 bits are used: a file beyond 2 GiB is not read in its right places.
-void readBack(const Blocks& blocks, const char* path) {
+void readFdResult(const char* path, const FdBlocks& blocks) {
   std::size_t offset = 0;
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     if (i > 0) offset = offsetAfter(offset, blocks[i - 1]);
@@ -43,7 +38,6 @@ void readBack(const Blocks& blocks, const char* path) {
   }
 }
 
-}  // namespace
 }  // namespace simulation
 
 using namespace simulation;
@@ -54,13 +48,13 @@ void Simulation::SimulationForFDResult(SimulationInfo* info, void* block1, unsig
                                        void* block5, unsigned long size5, void* block6,
                                        unsigned long size6, unsigned int requestId,
                                        unsigned int camId) {
-  const Blocks blocks = {{{block1, size1},
-                          {block2, size2},
-                          {block3, size3},
-                          {block4, size4},
-                          {block5, size5},
-                          {block6, size6}}};
+  const FdBlocks blocks = {{{block1, size1},
+                            {block2, size2},
+                            {block3, size3},
+                            {block4, size4},
+                            {block5, size5},
+                            {block6, size6}}};
   const Path path = recordPath(*info, FileType::FACE, "_FDResult", requestId, camId, ".bin");
-  if (info->mode == kDump) dump(blocks, path.c_str());
-  if (info->mode == kReadback) readBack(blocks, path.c_str());
+  if (info->mode == kDump) dumpFdResult(path.c_str(), blocks);
+  if (info->mode == kReadback) readFdResult(path.c_str(), blocks);
 }

@@ -38,7 +38,8 @@ std::vector<float> splitGains(std::string_view text) {
   const char* const end = text.data() + text.size();
   for (const char* gain = text.data();;) {
     float value;
-    const char* blank = takeListedFloat(gain, end, value);
+    const bool newRow = gain != end && *gain == '\n';
+    const char* blank = takeListedFloat(newRow ? gain + 1 : gain, end, value);
     if (blank == nullptr) {
       blank = std::find(gain, end, ' ');
       if (blank == end) return gains;

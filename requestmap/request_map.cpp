@@ -164,8 +164,8 @@ void RequestMap::insertForCamx(std::uint64_t chiID, std::uint64_t camxID, std::u
                 shown(slot->fwkID), shown(chiID), shown(camxID), static_cast<int>(slot - entries));
 }
 
-void RequestMap::addForImageName(const std::vector<unsigned int>& frameNumbers,
-                                 const char* imageName) {
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a copy, made before anything else
+void RequestMap::addForImageName(std::vector<unsigned int> frameNumbers, const char* imageName) {
   if (imageName == nullptr || imageName[0] == '\0') return;
   const std::lock_guard<std::mutex> lock(mapLock);
   for (std::size_t position = 0; position < frameNumbers.size(); ++position) {

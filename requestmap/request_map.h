@@ -48,12 +48,13 @@ class RequestMap {
   /// when they are equal), then empties the scratch folder. The result of that.
   int dequeueAll();
 
-  /// Records the CamX id of one camera in the slot of `chiID`, if there is one.
-  /// Aborts when there is no such camera.
+  /// Records the CamX id of one camera in the newest slot of `chiID`, if there is one;
+  /// an empty slot is one of 0. Aborts when there is no such camera.
   void insertForCamx(std::uint64_t chiID, std::uint64_t camxID, std::uint32_t camId);
 
-  /// Names the slots of the frames, or parks the name at the frame's position.
-  void addForImageName(const std::vector<unsigned int>& frameNumbers, const char* imageName);
+  /// Names the slots of the frames, or parks the name at the frame's position. Works
+  /// on a copy of the numbers: the caller's own may change meanwhile.
+  void addForImageName(std::vector<unsigned int> frameNumbers, const char* imageName);
 
   /// Moves the entries of `srcDir` into `dstDir`, which must exist, and removes
   /// `srcDir` if nothing is left in it. An entry that `dstDir` has already, or
@@ -75,7 +76,8 @@ static_assert(offsetof(RequestMap, rear) == 4 && offsetof(RequestMap, m_OffPreRe
               offsetof(RequestMap, entries) == 16 && offsetof(RequestMap, tmpEntries) == 7216 &&
               sizeof(RequestMap) == 8944);
 
-/// The map of the process: dequeues once more when the process exits.
+/// The map of the process: dequeues once more when the process exits, which lets go
+/// of a request only where `front` is at one and not at `rear`.
 class SimulationRequestMap : public RequestMap {
  public:
   ~SimulationRequestMap();

@@ -10,12 +10,10 @@
 #include "core/log.h"
 #include "core/xml_document.h"
 #include "core/xml_fields.h"
+#include "zoawb/codecs.h"
 
 namespace simulation {
 namespace {
-
-constexpr BinaryRecord kFaceDection = {FileType::ZOAWB, "_FaceDectionInfo", 964};
-constexpr BinaryRecord kFaceColorDection = {FileType::ZOAWB, "_FaceColorDectionInfo", 204};
 
 constexpr XmlField kWideAlwaysOnFields[] = {
     {"status", offsetof(ZOAWBWideAlwaysOnStatus, status), writeInt, readInt},
@@ -40,20 +38,21 @@ constexpr XmlField kLightSrcFields[] = {
     {"lightClass", offsetof(ZOAWBLightSrcClassify, lightClass), writeInt, readInt},
 };
 
-/// A record whose root element carries one child for each field.
+}  // namespace
+
 struct FlatRecord {
   const char* tail;  ///< of the file name, between the prefix and the camera
   const char* root;
   XmlFields fields;
 };
 
-constexpr FlatRecord kWideAlwaysOn = {"_WideAlwaysOnStatus", "WideAlwaysOnStatus",
-                                      kWideAlwaysOnFields};
-constexpr FlatRecord kSync = {"_SyncInfo", "AWBsyncInfo", kSyncFields};
-constexpr FlatRecord kPureColor = {"_PureColorRes", "PureColorRes", kPureColorFields};
-constexpr FlatRecord kLightSrc = {"_LightSrcClassify", "LightSrcClassify", kLightSrcFields};
+constexpr FlatRecord kWideAlwaysOnStatus = {"_WideAlwaysOnStatus", "WideAlwaysOnStatus",
+                                            kWideAlwaysOnFields};
+constexpr FlatRecord kSyncInfo = {"_SyncInfo", "AWBsyncInfo", kSyncFields};
+constexpr FlatRecord kPureColorRes = {"_PureColorRes", "PureColorRes", kPureColorFields};
+constexpr FlatRecord kLightSrcClassify = {"_LightSrcClassify", "LightSrcClassify", kLightSrcFields};
 
-void dump(const FlatRecord& record, const char* path, const void* data) {
+void dumpFlatRecord(const FlatRecord& record, const char* path, const void* data) {
   const auto printer = newXmlPrinter(path);
   if (printer == nullptr) return;
   printer->OpenElement(record.root);
@@ -62,7 +61,7 @@ void dump(const FlatRecord& record, const char* path, const void* data) {
   finishAndLog(*printer, path, kVerbose);
 }
 
-void readBack(const FlatRecord& record, const char* path, void* data) {
+void readFlatRecord(const FlatRecord& record, const char* path, void* data) {
   XmlDocument document = newXmlDocument();
   if (document == nullptr) return;
   if (document->load(path) != tinyxml2::XML_SUCCESS) {
@@ -77,11 +76,13 @@ void readBack(const FlatRecord& record, const char* path, void* data) {
   document.reset(kept);
 }
 
+namespace {
+
 void runFlatRecord(const FlatRecord& record, const SimulationInfo& info, void* data,
                    unsigned int requestId, unsigned int camId) {
   const Path path = recordPath(info, FileType::ZOAWB, record.tail, requestId, camId, ".xml");
-  if (info.mode == kDump) dump(record, path.c_str(), data);
-  if (info.mode == kReadback) readBack(record, path.c_str(), data);
+  if (info.mode == kDump) dumpFlatRecord(record, path.c_str(), data);
+  if (info.mode == kReadback) readFlatRecord(record, path.c_str(), data);
 }
 
 }  // namespace
@@ -91,31 +92,31 @@ using namespace simulation;
 
 void Simulation::SimulationForZOAWBFaceDectionInfo(SimulationInfo* info, void* data,
                                                    unsigned int requestId, unsigned int camId) {
-  runBinaryRecord(kFaceDection, *info, data, requestId, camId);
+  runBinaryRecord(kFaceDectionInfo, *info, data, requestId, camId);
 }
 
 void Simulation::SimulationForZOAWBFaceColorDectionInfo(SimulationInfo* info, void* data,
                                                         unsigned int requestId,
                                                         unsigned int camId) {
-  runBinaryRecord(kFaceColorDection, *info, data, requestId, camId);
+  runBinaryRecord(kFaceColorDectionInfo, *info, data, requestId, camId);
 }
 
 void Simulation::SimulationForZOAWBWideAlwaysOnStatus(SimulationInfo* info, void* data,
                                                       unsigned int requestId, unsigned int camId) {
-  runFlatRecord(kWideAlwaysOn, *info, data, requestId, camId);
+  runFlatRecord(kWideAlwaysOnStatus, *info, data, requestId, camId);
 }
 
 void Simulation::SimulationForZOAWBSyncInfo(SimulationInfo* info, void* data,
                                             unsigned int requestId, unsigned int camId) {
-  runFlatRecord(kSync, *info, data, requestId, camId);
+  runFlatRecord(kSyncInfo, *info, data, requestId, camId);
 }
 
 void Simulation::SimulationForZOAWBPureColorRes(SimulationInfo* info, void* data,
                                                 unsigned int requestId, unsigned int camId) {
-  runFlatRecord(kPureColor, *info, data, requestId, camId);
+  runFlatRecord(kPureColorRes, *info, data, requestId, camId);
 }
 
 void Simulation::SimulationForZOAWBLightSrcClassify(SimulationInfo* info, void* data,
                                                     unsigned int requestId, unsigned int camId) {
-  runFlatRecord(kLightSrc, *info, data, requestId, camId);
+  runFlatRecord(kLightSrcClassify, *info, data, requestId, camId);
 }

@@ -11,6 +11,7 @@
 #include "core/log.h"
 #include "core/xml_document.h"
 #include "core/xml_fields.h"
+#include "zoawb/codecs.h"
 
 namespace simulation {
 namespace {
@@ -22,17 +23,8 @@ constexpr XmlField kFields[] = {
     {"bOverG", offsetof(Entry, bOverG), writeFloat, queryFloat},
 };
 
-void* entryOf(void* table, std::size_t index) {
-  return static_cast<char*>(table) + sizeof(WBOTPCalibrationHead) + index * sizeof(Entry);
-}
-
-void dump(const char* path, void* table) {
-  const auto printer = newXmlPrinter(path);
-  if (printer == nullptr) return;
-  printer->OpenElement("WBOTPData");
-  printFields(*printer, entryOf(table, 0), kFields);
-  printer->CloseElement();
-  finishAndLog(*printer, path, kVerbose);
+constexpr std::size_t entryAt(std::size_t index) {
+  return sizeof(WBOTPCalibrationHead) + index * sizeof(Entry);
 }
 
 void readEntry(const char* path, void* entry) {
@@ -46,18 +38,28 @@ void readEntry(const char* path, void* entry) {
   if (root != nullptr) applyFields(*root, entry, kFields);
 }
 
+}  // namespace
+
+void dumpOtpCalibration(const char* path, const void* table) {
+  const auto printer = newXmlPrinter(path);
+  if (printer == nullptr) return;
+  printer->OpenElement("WBOTPData");
+  printFields(*printer, static_cast<const char*>(table) + entryAt(0), kFields);
+  printer->CloseElement();
+  finishAndLog(*printer, path, kVerbose);
+}
+
 /// The file is loaded once for each entry. The counter has eight bits, as the
 /// pipeline's has: a count above 255 keeps going round.
-void readBack(const char* path, void* table) {
+void readOtpCalibration(const char* path, void* table) {
   const auto count = load<std::uint32_t>(table);
   if (count == 0) return;
   for (std::uint8_t entry = 1;; ++entry) {
-    readEntry(path, entryOf(table, static_cast<std::uint8_t>(entry - 1)));
+    readEntry(path, static_cast<char*>(table) + entryAt(static_cast<std::uint8_t>(entry - 1)));
     if (count <= entry) break;
   }
 }
 
-}  // namespace
 }  // namespace simulation
 
 using namespace simulation;
@@ -65,6 +67,6 @@ using namespace simulation;
 void Simulation::SimulationForOTPCalibrationFactor(SimulationInfo* info, void* data,
                                                    unsigned int requestId, unsigned int camId) {
   const Path path = recordPath(*info, FileType::AWB, "_OTPData", requestId, camId, ".xml");
-  if (info->mode == kDump) dump(path.c_str(), data);
-  if (info->mode == kReadback) readBack(path.c_str(), data);
+  if (info->mode == kDump) dumpOtpCalibration(path.c_str(), data);
+  if (info->mode == kReadback) readOtpCalibration(path.c_str(), data);
 }

@@ -13,6 +13,7 @@
 #include "core/number_text.h"
 #include "core/xml_document.h"
 #include "core/xml_fields.h"
+#include "zoawb/codecs.h"
 
 namespace simulation {
 namespace {
@@ -63,7 +64,9 @@ constexpr XmlField kFields[] = {
     {"sensorType", offsetof(Record, sensorType), writeInt, readInt},
 };
 
-void dump(const char* path, const void* data) {
+}  // namespace
+
+void dumpSpectralSensor(const char* path, const void* data) {
   const auto printer = newXmlPrinter(path);
   if (printer == nullptr) return;
   printer->OpenElement("SpectralSensorInfo");
@@ -76,7 +79,7 @@ void dump(const char* path, const void* data) {
   }
 }
 
-void readBack(const char* path, void* data) {
+void readSpectralSensor(const char* path, void* data) {
   const XmlDocument document = newXmlDocument();
   if (document == nullptr) return;
   if (document->load(path) != tinyxml2::XML_SUCCESS) {
@@ -87,7 +90,6 @@ void readBack(const char* path, void* data) {
   if (root != nullptr) applyFields(*root, data, kFields);
 }
 
-}  // namespace
 }  // namespace simulation
 
 using namespace simulation;
@@ -96,6 +98,6 @@ void Simulation::SimulationForZoAWBSpectralSensorInfo(SimulationInfo* info, void
                                                       unsigned int requestId, unsigned int camId) {
   const Path prefix = recordPrefix(static_cast<int>(info->mode), FileType::ZOAWB, requestId, camId);
   const Path path(prefix, "_SpectralSensorInfo.xml");
-  if (info->mode == kDump) dump(path.c_str(), data);
-  if (info->mode == kReadback) readBack(path.c_str(), data);
+  if (info->mode == kDump) dumpSpectralSensor(path.c_str(), data);
+  if (info->mode == kReadback) readSpectralSensor(path.c_str(), data);
 }

@@ -68,7 +68,6 @@ struct BGRegionPair {
 static_assert(sizeof(BGRegionPair) == 112);
 
 /// The Bayer-grid statistics of one frame, the main input of white balance.
-/// Regions stand row after row, `horizontal_num` in each of `vertical_num` rows.
 struct BayerGridOutput {
   static constexpr std::uint32_t kUsesY = 1U << 0;       ///< of `flags`: YSum and YCount are valid
   static constexpr std::uint32_t kHasSatInfo = 1U << 1;  ///< of `flags`: `pairs` is valid
@@ -76,10 +75,10 @@ struct BayerGridOutput {
   /// The most regions that can be dumped or replayed.
   static constexpr std::uint32_t kMaxRegions = 3888;
 
-  std::uint32_t flags;    ///< other bits are ignored
-  std::uint32_t numROIs;  ///< valid regions, at most kMaxRegions
-  std::uint32_t horizontal_num;
-  std::uint32_t vertical_num;
+  std::uint32_t flags;           ///< other bits are ignored
+  std::uint32_t numROIs;         ///< valid regions, at most kMaxRegions
+  std::uint32_t horizontal_num;  ///< regions in a row of the grid
+  std::uint32_t vertical_num;    ///< regions in a column of the grid
   std::uint32_t channelGainThreshold[4];
   float BLStretchFactor;  ///< black-level stretch
 
@@ -97,7 +96,7 @@ static_assert(offsetof(BayerGridOutput, BLStretchFactor) == 32);
 static_assert(offsetof(BayerGridOutput, regions) == 40);
 static_assert(sizeof(BayerGridOutput) == 40 + 3888 * 112);
 
-/// In pixels of the segmented image.
+/// A rectangle, in the pipeline's unit.
 struct QSegRect {
   std::uint32_t left, top, width, height;
 };
@@ -130,7 +129,7 @@ struct QSegImageInfo {
   std::int32_t isQSegInfoValid;
   std::uint32_t horizontalRegionCount;
   std::uint32_t verticalRegionCount;
-  std::uint8_t qsegStatsInfo[kStatsSize];  ///< a label per region; always recorded whole
+  std::uint8_t qsegStatsInfo[kStatsSize];  ///< labels; always recorded whole
   QSegInstInfo qsegInstInfos[kInstances];  ///< always recorded whole
   std::uint16_t qsegInstCount;
   std::uint16_t qsegSceneClass;
@@ -238,6 +237,6 @@ static_assert(offsetof(AcbImage, c) == 48, "fixed by the pipeline");
 /// The record of SimulationForACBdeviceOri.
 struct AcbDeviceOrientation {
   std::uint32_t unread;
-  std::int32_t orientation;  ///< degrees
+  std::int32_t orientation;  ///< in the pipeline's unit
 };
 static_assert(offsetof(AcbDeviceOrientation, orientation) == 4, "fixed by the pipeline");
