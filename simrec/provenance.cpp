@@ -1,0 +1,49 @@
+#include "simrec/provenance.h"
+
+#include "simrec/regular_file.h"
+#include "simrec/text.h"
+
+namespace simrec {
+namespace {
+
+constexpr std::size_t kLargestFile = 1 << 20;
+
+/// Null where it isn't JSON.
+Json readJson(const std::string& path) {
+  const RegularFile file(path);
+  if (!file.problem.empty()) return nullptr;
+  std::string text(kLargestFile, '\0');
+  text.resize(readUpTo(file.descriptor, text.data(), text.size()));
+  Json json = Json::parse(text, nullptr, false);
+  return json.is_discarded() ? Json(nullptr) : json;
+}
+
+}  // namespace
+
+std::optional<Provenance> readProvenance(const Capture& capture) {
+  if (capture.kind == CaptureKind::kStaged) return std::nullopt;
+  const Json json = readJson(capture.path + "/" + kProvenanceFile);
+  if (!json.is_object() || !json.contains("capture") || !json["capture"].is_string()) return {};
+  Provenance provenance = {json["capture"], {}};
+  if (!json.contains("changes") || !json["changes"].is_array()) return provenance;
+  for (const Json& change : json["changes"]) {
+    if (change.is_string()) provenance.changes.push_back(change);
+  }
+  return provenance;
+}
+
+Json toJson(const Provenance& provenance) {
+  return {{"capture", provenance.capture}, {"changes", provenance.changes}};
+}
+
+std::string sentenceFor(const Provenance& provenance) {
+  std::string text = "from " + printable(provenance.capture);
+  const char* word = " with ";
+  for (const std::string& change : provenance.changes) {
+    text += word + printable(change);
+    word = ", ";
+  }
+  return text;
+}
+
+}  // namespace simrec

@@ -1,0 +1,169 @@
+#include "simrec/store.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <tuple>
+#include <utility>
+
+#include "simrec/error.h"
+#include "simrec/folder.h"
+
+namespace simrec {
+namespace {
+
+using catalogue::kRecordPrefix;
+using catalogue::kTmpFolder;
+using catalogue::RequestFolder;
+
+bool startsAsRecord(std::string_view name) {
+  return name.substr(0, kRecordPrefix.size()) == kRecordPrefix;
+}
+
+/// The pipeline's scratch folders and hidden ones are no captures.
+bool mayBeImage(std::string_view name) {
+  return name != kTmpFolder && name != "tmp_asd" && name[0] != '.';
+}
+
+/// Whether the entry that was read last is a folder or a link to one.
+bool isFolder(const Folder& folder, const char* name) {
+  if (folder.type() == DT_DIR) return true;
+  if (folder.type() != DT_LNK && folder.type() != DT_UNKNOWN) return false;
+  struct stat status;
+  return folder.status(name, status, true) && S_ISDIR(status.st_mode);
+}
+
+Capture requestCapture(const std::string& data, const RequestFolder& parts) {
+  return {std::to_string(parts.request) + "/" + std::to_string(parts.camera),
+          data + "/" + std::string(kTmpFolder) + "/" + catalogue::makeRequestFolder(parts),
+          CaptureKind::kRequest, parts};
+}
+
+std::vector<Capture> requestsIn(const std::string& data) {
+  std::vector<Capture> captures;
+  const std::string tmp = data + "/" + std::string(kTmpFolder);
+  struct stat status;
+  if (stat(tmp.c_str(), &status) != 0 && errno == ENOENT) return captures;
+  try {
+    Folder folder(tmp);
+    while (const char* name = folder.next()) {
+      const auto parts = catalogue::parseRequestFolder(name);
+      if (parts && isFolder(folder, name)) captures.push_back(requestCapture(data, *parts));
+    }
+  } catch (const Error&) {  // stands for the requests in it, and tells why when it is read
+    return {{std::string(kTmpFolder), tmp, CaptureKind::kRequest}};
+  }
+  std::sort(captures.begin(), captures.end(), [](const Capture& a, const Capture& b) {
+    return std::tie(a.request->request, a.request->camera) <
+           std::tie(b.request->request, b.request->camera);
+  });
+  return captures;
+}
+
+bool exists(const Capture& capture) {
+  struct stat status;
+  return stat(capture.path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// "57/0", as a request is named.
+std::optional<RequestFolder> requestNamed(const std::string& name) {
+  const std::size_t slash = name.find('/');
+  if (slash == std::string::npos) return std::nullopt;
+  return catalogue::parseRequestFolder("RequestID[" + name.substr(0, slash) + "]_camId[" +
+                                       name.substr(slash + 1) + "]");
+}
+
+/// False where the file is gone meanwhile.
+bool look(const Folder& folder, File& file) {
+  struct stat status;
+  if (!folder.status(file.name.c_str(), status, false)) {
+    file.type = FileType::kUnreachable;
+    return errno != ENOENT;
+  }
+  if (S_ISLNK(status.st_mode)) {
+    file.type = FileType::kDanglingLink;
+    if (!folder.status(file.name.c_str(), status, true)) return true;
+  }
+  file.type = S_ISREG(status.st_mode)   ? FileType::kRegular
+              : S_ISDIR(status.st_mode) ? FileType::kFolder
+                                        : FileType::kSpecial;
+  if (file.type == FileType::kRegular) file.bytes = static_cast<std::uint64_t>(status.st_size);
+  file.modified = modified(status);
+  return true;
+}
+
+}  // namespace
+
+const char* nameOf(CaptureKind kind) {
+  switch (kind) {
+    case CaptureKind::kImage:
+      return "image";
+    case CaptureKind::kRequest:
+      return "request";
+    case CaptureKind::kStaged:
+      return "staged";
+    case CaptureKind::kFolder:
+      break;
+  }
+  return "folder";
+}
+
+Store::Store(std::string data) : data_(std::move(data)) {
+  while (data_.size() > 1 && data_.back() == '/') data_.pop_back();
+}
+
+std::vector<Capture> Store::captures() const {
+  std::vector<Capture> captures;
+  bool staged = false;
+  Folder folder(data_);
+  while (const char* name = folder.next()) {
+    if (startsAsRecord(name) && !isFolder(folder, name)) {
+      staged = true;
+    } else if (mayBeImage(name) && isFolder(folder, name)) {
+      captures.push_back({name, data_ + "/" + name, CaptureKind::kImage});
+    }
+  }
+  std::sort(captures.begin(), captures.end(),
+            [](const Capture& a, const Capture& b) { return a.name < b.name; });
+  for (Capture& request : requestsIn(data_)) captures.push_back(std::move(request));
+  if (staged) captures.push_back({kStagedName, data_, CaptureKind::kStaged});
+  return captures;
+}
+
+Capture Store::find(const std::string& name) const {
+  Capture capture = {name, data_ + "/" + name, CaptureKind::kImage};
+  if (const auto request = requestNamed(name)) {
+    capture = requestCapture(data_, *request);
+  } else if (name == kStagedName) {
+    capture = {name, data_, CaptureKind::kStaged};
+  } else if (name.find('/') != std::string::npos) {
+    capture = {name, name, CaptureKind::kFolder};
+  }
+  const bool named = !name.empty() && name != "." && name != "..";
+  if (named && exists(capture)) return capture;
+  if (capture.kind != CaptureKind::kFolder) Folder{data_};  // throws what is wrong with it
+  throw Error("no capture is called '" + name + "' in " + data_);
+}
+
+std::vector<File> unsortedFilesOf(const Capture& capture) {
+  std::vector<File> files;
+  Folder folder(capture.path);
+  while (const char* name = folder.next()) {
+    const bool staged = capture.kind == CaptureKind::kStaged;
+    if (staged ? !startsAsRecord(name) : std::string_view(name) == kProvenanceFile) continue;
+    File& file = files.emplace_back();
+    file.name = name;
+    file.parts = catalogue::parseFileName(name);
+    const bool there = look(folder, file);
+    if (!there || (staged && file.type == FileType::kFolder)) files.pop_back();
+  }
+  return files;
+}
+
+std::vector<File> filesOf(const Capture& capture) {
+  std::vector<File> files = unsortedFilesOf(capture);
+  std::sort(files.begin(), files.end(),
+            [](const File& a, const File& b) { return a.name < b.name; });
+  return files;
+}
+
+}  // namespace simrec

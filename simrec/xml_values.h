@@ -1,0 +1,21 @@
+// The values of an XML record by the catalogue's members. No state.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "catalogue/kind.h"
+#include "core/record_document.h"
+#include "simrec/value.h"
+
+namespace simrec {
+
+/// What kept `document`, a file of `size` bytes, from being loaded, in words.
+std::string xmlProblem(const simulation::RecordDocument& document, std::uint64_t size);
+
+/// Adds the values that the document has, in the order of the members, and what is odd: members
+/// that are missing or no value of their type, elements and attributes that are none.
+void readXmlValues(const simulation::RecordDocument& document, const catalogue::Kind& kind,
+                   bool lists, Values& values, std::vector<std::string>& problems);
+
+}  // namespace simrec
