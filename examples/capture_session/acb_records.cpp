@@ -70,16 +70,9 @@ Bytes orientation(const View& view) {
 
 std::vector<Record> acbRecords() {
   return {
-      {"ACB",
-       {"simulation_ACB_acb_camId[#].bin"},
-       image,
-       runImage,
-       {},
-       {},
-       Record::kLastOfBurst,
-       kLarge},
+      {"ACB", {{"ACB_acb"}}, image, runImage, {}, {}, Record::kLastOfBurst, kLarge},
       {"ACBdeviceOri",
-       {"simulation_ACB_acb_orientation_camId[#].xml"},
+       {{"ACB_acb_orientation"}},
        orientation,
        run<&Simulation::SimulationForACBdeviceOri>,
        {keepLive<0, sizeof AcbDeviceOrientation::unread>, "the first word, which stays live"},

@@ -108,14 +108,13 @@ Bytes replayedAwbExposure(const Bytes& recorded, const Bytes& live) {
 std::vector<Record> aeRecords() {
   return {
       {"AECData",
-       {"simulation_AE_AECData_camId[#]_ev[0].xml", "simulation_AE_AECData_camId[#]_ev[1].xml",
-        "simulation_AE_AECData_camId[#]_ev[2].xml"},
+       {{"AE_AECData", 0}, {"AE_AECData", 1}, {"AE_AECData", 2}},
        aecData,
        runAecData,
        {membersOnly, "what the files lack, which stays live, and the 9th digit of floats"},
        {kDumpSuccess, kReplaySuccess}},
       {"AWBAECData",
-       {"simulation_AWB_AECData_camId[#].xml"},
+       {{"AWB_AECData"}},
        awbExposure,
        run<&Simulation::SimulationForAWBAECData>,
        {replayedAwbExposure, "AECSettled's upper bytes, which stay live, and digits of floats"}},

@@ -113,8 +113,7 @@ void runOfflineStats(const Call& call) {
 std::vector<Record> awbStatsRecords() {
   return {
       {"ParsedStatsOutput",
-       {"simulation_AWB_ParsedAWBStatsOutput_preview_camId[#].xml",
-        "simulation_AWB_ParsedAWBStatsOutput_snapshot_camId[#].xml"},
+       {{"AWB_ParsedAWBStatsOutput", 0, "preview"}, {"AWB_ParsedAWBStatsOutput", 0, "snapshot"}},
        parsedStats,
        runParsedStats,
        {replayedParsedStats, "the headers, which stay live, and second blocks: the next region"},
@@ -122,8 +121,7 @@ std::vector<Record> awbStatsRecords() {
        Record::kRequest,
        kLarge},
       {"OfflineAWBBGStats",
-       {"simulation_OfflineAWB_ParsedAWBStatsOutput_camId[#].xml",
-        "simulation_OfflineAWB_ISPAWBBGStatsConfig_camId[#].bin"},
+       {{"OfflineAWB_ParsedAWBStatsOutput"}, {"OfflineAWB_ISPAWBBGStatsConfig"}},
        offlineStats,
        runOfflineStats,
        {keepLive<sizeof(IspStatsConfig), kHeaderSize>, "the header, which stays live"},

@@ -11,6 +11,7 @@
 #include <system_error>
 #include <utility>
 
+#include "catalogue/file_name.h"
 #include "data_folder.h"
 #include "library_log.h"
 #include "view.h"
@@ -55,11 +56,18 @@ ino_t inodeOf(const fs::path& path) {
   return lstat(inData(path).c_str(), &status) == 0 ? status.st_ino : 0;
 }
 
-std::uint64_t filesBelow(const fs::path& folder) {
+/// Named folders, an image's among them, hold files that no request moved there.
+bool isMovable(const fs::path& file) {
+  const auto parts = catalogue::parseFileName(file.filename().string());
+  return !parts || parts->kind->place == catalogue::Place::kRequest;
+}
+
+std::uint64_t movableFilesBelow(const fs::path& folder) {
   if (!fs::is_directory(folder)) return 0;
   const fs::recursive_directory_iterator entries(folder);
   return static_cast<std::uint64_t>(std::count_if(
-      begin(entries), end(entries), [](const auto& entry) { return !entry.is_directory(); }));
+      begin(entries), end(entries),
+      [](const auto& entry) { return !entry.is_directory() && isMovable(entry.path()); }));
 }
 
 /// In the image's folders and in tmp.
@@ -67,7 +75,7 @@ std::uint64_t filesInData() {
   std::uint64_t count = 0;
   for (const auto& entry : fs::directory_iterator(kCameraData)) {
     const std::string name = entry.path().filename();
-    if (name == "tmp" || name.rfind("IMG_", 0) == 0) count += filesBelow(entry);
+    if (name == "tmp" || name.rfind("IMG_", 0) == 0) count += movableFilesBelow(entry);
   }
   return count;
 }

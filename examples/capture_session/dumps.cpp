@@ -12,10 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string keyOf(const Record& record, const View& view) {
-  return record.name + burstFolder(view.index()) + std::to_string(view.camera());
-}
-
 fs::path inData(const std::string& file) { return fs::path(kCameraData) / file; }
 
 /// 0 when there is no such file.
@@ -49,6 +45,14 @@ bool filesHold(const Bytes& data, const std::vector<std::string>& files) {
 
 }  // namespace
 
+std::string Dumps::namedFolder(unsigned index) const {
+  return index == photo_ ? imageFolder(index) : burstFolder(index);
+}
+
+std::string Dumps::keyOf(const Record& record, const View& view) const {
+  return record.name + namedFolder(view.index()) + std::to_string(view.camera());
+}
+
 void Dumps::add(const Record& record, const View& view) {
   if (record.place == Record::kRequest) return;
   Kept& kept = kept_[keyOf(record, view)];
@@ -58,7 +62,7 @@ void Dumps::add(const Record& record, const View& view) {
 std::vector<std::string> Dumps::files(const Record& record, const View& view,
                                       const std::string& folder) const {
   if (record.place == Record::kRequest) return filesOf(record, view, folder);
-  return filesOf(record, view, burstFolder(view.index()), kept_.at(keyOf(record, view)).dumps - 1);
+  return filesOf(record, view, namedFolder(view.index()), kept_.at(keyOf(record, view)).dumps - 1);
 }
 
 unsigned Dumps::keptIndex(const Record& record, const View& view) const {

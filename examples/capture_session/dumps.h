@@ -19,6 +19,12 @@ struct Written {
 
 class Dumps {
  public:
+  /// `photo` has a folder of its own for such records: that of its image.
+  explicit Dumps(unsigned photo) : photo_(photo) {}
+
+  /// The folder, below kCameraData, of records that don't have a request's to themselves.
+  std::string namedFolder(unsigned index) const;
+
   /// Call it before the record of that view is dumped.
   void add(const Record& record, const View& view);
 
@@ -39,8 +45,10 @@ class Dumps {
     Written counted;
   };
 
+  std::string keyOf(const Record& record, const View& view) const;
   void count(const Record& record, const View& view, const Written& dump, Written* written);
 
+  unsigned photo_;
   std::map<std::string, Kept> kept_;  // of each record, burst and camera
 };
 

@@ -53,9 +53,9 @@ void runFdResult(const Call& call) {
 
 std::vector<Record> faceRecords() {
   return {
-      {"FDResult", {"simulation_FACE_FDResult_camId[#].bin"}, fdResult, runFdResult},
+      {"FDResult", {{"FACE_FDResult"}}, fdResult, runFdResult},
       {"FDROIData",
-       {"simulation_FACE_FaceROI_camId[#].bin"},
+       {{"FACE_FaceROI"}},
        faceRoi,
        run<&Simulation::SimulationForFDROIData>,
        {keepLive<0, sizeof FaceRoi::frameBuffer>, kFrameBufferStays}},

@@ -43,7 +43,7 @@ void runGainTable(const Call& call) {
 std::vector<Record> lscRecords() {
   return {
       {"LscMeta",
-       {"simulation_LSC[camera#]_index[@]_ev[0].xml"},
+       {{"LSC", 0, "camera#"}},
        gainTable,
        runGainTable,
        {floatsThroughText<kFixedFormat, 0, kFloats>, "gains at six decimals"},

@@ -16,6 +16,9 @@ struct Options {
   unsigned cameras = 3;
   bool allLarge = false;  // large records of all requests
   bool log = false;
+  bool replay = false;            // what is staged, instead of recording
+  std::string tell;               // a file for what scripts/demo goes on with; empty: none
+  std::string simrec = "simrec";  // how the toolkit is called, for what is printed last
 };
 
 /// Fills `options`. A value is the status to exit with at once: the help was

@@ -136,7 +136,7 @@ Bytes replayedQseg(const Bytes& recorded, const Bytes& live) {
 std::vector<Record> qsegRecords() {
   return {
       {"QsegImageData",
-       {"simulation_AWB_QsegImageData_camId[#].xml"},
+       {{"AWB_QsegImageData"}},
        qsegImage,
        run<&Simulation::SimulationForQsegImageData>,
        {replayedQseg, "field 2, which stays live"},

@@ -4,17 +4,16 @@
 #include <cstdlib>
 #include <utility>
 
+#include "catalogue/file_name.h"
 #include "data_folder.h"
 
 namespace capture {
 namespace {
 
-std::string fileName(const std::string& pattern, unsigned camera, unsigned number) {
-  std::string name;
-  for (const char c : pattern) {
-    name += c == '#' ? std::to_string(camera) : c == '@' ? std::to_string(number) : std::string{c};
-  }
-  return name;
+std::string textOf(const RecordFile& file, unsigned camera) {
+  std::string text = file.text;
+  const std::size_t mark = text.find('#');
+  return mark == std::string::npos ? text : text.replace(mark, 1, std::to_string(camera));
 }
 
 }  // namespace
@@ -23,8 +22,11 @@ std::vector<std::string> filesOf(const Record& record, const View& view, const s
                                  unsigned number) {
   const std::string prefix = folder.empty() ? "" : folder + "/";
   std::vector<std::string> files;
-  for (const std::string& pattern : record.files) {
-    files.push_back(prefix + fileName(pattern, view.camera(), number));
+  for (const RecordFile& file : record.files) {
+    const int camera = static_cast<int>(view.camera());
+    files.push_back(
+        prefix + catalogue::makeFileName({catalogue::kindNamed(file.kind), camera, file.ev,
+                                          textOf(file, view.camera()), static_cast<int>(number)}));
   }
   return files;
 }

@@ -40,13 +40,20 @@ struct Call {
   unsigned request, camera;
 };
 
+/// A file of a record: its kind in the catalogue, and the parts of its name that are
+/// neither the camera nor the number of the dump in the burst's folder.
+struct RecordFile {
+  const char* kind;
+  int ev = 0;
+  const char* text = "";  ///< a '#' stands for the camera's id
+};
+
 struct Record {
   const char* name;
 
-  /// A '#' stands for the camera's id, an '@' for the number of the dump in the
-  /// burst's folder. Binary files hold the beginning of the data, one after the
-  /// other, and all of it when there are no others.
-  std::vector<std::string> files;
+  /// Binary files hold the beginning of the data, one after the other, and all of it
+  /// when there are no others.
+  std::vector<RecordFile> files;
   Bytes (*compute)(const View&);
   void (*run)(const Call&);
 
@@ -88,7 +95,7 @@ std::vector<Record> lscRecords();
 std::vector<Record> acbRecords();
 
 /// The record's files below `folder` (empty: straight under kCameraData), with
-/// `number` in place of the '@'.
+/// `number` as the index of those that have one.
 std::vector<std::string> filesOf(const Record& record, const View& view, const std::string& folder,
                                  unsigned number = 0);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "options.h"
+#include "replay.h"
 #include "session.h"
 
 namespace capture {
@@ -27,7 +28,14 @@ void printRuns(const RunTotals& totals);
 /// What was replayed, what the log said, and where the files are.
 void printSummary(const Options& options, const Session& session);
 
+/// What was replayed from what is staged, and where the dumps are.
+void printReplay(const Options& options, const Replayed& replayed);
+
+/// Commands that look at what is there now, to be pasted into a shell in the folder that
+/// this program was started in.
+std::string nextSteps(const Options& options, const std::string& capture);
+
 /// On stderr.
-void printProblems(const Problems& problems);
+void printProblems(const Options& options, const Problems& problems);
 
 }  // namespace capture

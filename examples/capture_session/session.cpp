@@ -35,6 +35,7 @@ Session::Session(const Scene& scene, const Options& options)
       online_(requests_ - requests_ / 5),
       replayed_(photoUpTo(online_ / 2)),
       records_(allRecords()),
+      dumps_(replayed_),
       runs_(cameras_, &problems_,
             [this](unsigned index, unsigned camera) { record(index, camera); }) {
   for (const Record& record : records_) {
@@ -52,6 +53,12 @@ std::string Session::replayedFolder(unsigned camera) const {
   return requests_ == 1 ? folderOf(replayedView(camera)) : imageFolder(replayed_);
 }
 
+std::string Session::replayedCapture() const {
+  const View view = replayedView(0);
+  return requests_ == 1 ? std::to_string(view.request()) + "/" + std::to_string(view.camera())
+                        : imageFolder(replayed_);
+}
+
 /// The request whose dump the replayed request finds: one of its burst where they share a file.
 View Session::recordedView(const Record& record, unsigned camera) const {
   const View view = replayedView(camera);
@@ -59,7 +66,7 @@ View Session::recordedView(const Record& record, unsigned camera) const {
 }
 
 void Session::run(const Record& record, std::uint32_t mode, const View& view, Bytes* data) {
-  const std::string folder = mode == kDump ? burstFolder(view.index()) : kReplayFolder;
+  const std::string folder = mode == kDump ? dumps_.namedFolder(view.index()) : kReplayFolder;
   SimulationInfo info = {{}, folder.c_str(), mode};
   record.run({*SimulationMgr::getInstance(), &info, *data, view.request(), view.camera()});
   checkLog(record, view,
@@ -95,11 +102,13 @@ void Session::record(unsigned index, unsigned camera) {
   const View view(scene_, light_, index, camera);
   for (std::size_t i = 0; i < records_.size(); ++i) {
     if (!isRecorded(records_[i], index)) continue;
+    const std::uint64_t problemsBefore = problems_.count;
     Bytes data = records_[i].compute(view);
     dumps_.add(records_[i], view);
     run(records_[i], kDump, view, &data);
     const std::string problem = dumps_.check(records_[i], view, data, &results_[i].dumped);
     if (!problem.empty()) problems_.add(problem + placeOf(records_[i], view));
+    if (problems_.count != problemsBefore) requireRoom();
   }
 }
 
@@ -115,6 +124,16 @@ void Session::replay(Rgb otherLight) {
     for (std::size_t i = 0; i < records_.size(); ++i) {
       replayRecord(records_[i], recordedView(records_[i], camera), live, &results_[i]);
     }
+    for (const Record& record : records_) takeAway(record, camera);
+  }
+}
+
+/// So that the live data is used again.
+void Session::takeAway(const Record& record, unsigned camera) {
+  for (const std::string& file : filesOf(record, replayedView(camera), "")) {
+    std::error_code error;
+    fs::remove(fs::path(kCameraData) / file, error);
+    if (error) problems_.add("removing " + file + ": " + error.message());
   }
 }
 
@@ -128,7 +147,9 @@ void Session::putInPlace(const Record& record, unsigned camera) {
     std::error_code error;
     fs::copy_file(fs::path(kCameraData) / from[i], fs::path(kCameraData) / to[i],
                   fs::copy_options::overwrite_existing, error);
-    if (error) problems_.add("copying " + from[i] + ": " + error.message());
+    if (!error) continue;
+    problems_.add("copying " + from[i] + ": " + error.message());
+    requireRoom();
   }
 }
 

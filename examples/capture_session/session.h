@@ -51,11 +51,15 @@ class Session {
   /// Where the files of the replayed request and camera are, below kCameraData.
   std::string replayedFolder(unsigned camera) const;
 
+  /// What simrec calls the capture with the files of the replayed request's first camera.
+  std::string replayedCapture() const;
+
  private:
   void record(unsigned index, unsigned camera);
   bool isRecorded(const Record& record, unsigned index) const;
   View recordedView(const Record& record, unsigned camera) const;
   void putInPlace(const Record& record, unsigned camera);
+  void takeAway(const Record& record, unsigned camera);
   void replayRecord(const Record& record, const View& recordedView, const View& liveView,
                     Result* result);
   void run(const Record& record, std::uint32_t mode, const View& view, Bytes* data);
