@@ -15,6 +15,9 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/file_name.h"
+#include "fuzz/support/list_seeds.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -156,6 +159,14 @@ constexpr const char* kOddLabels[] = {
     "0x1F ",   "1.5 ", "12-3 ", "2147483648 ", "99999999999999999999 ",
 };
 
+/// The target that takes any record is told which one it is by the first byte.
+void writeSimrecSeed(const fs::path& folder, const std::string& name, const char* file,
+                     const std::string& text) {
+  const auto parts = catalogue::parseFileName(file);
+  const char kind = static_cast<char>(parts->kind - catalogue::kinds().begin());
+  write(folder / "simrec" / name, kind + text);
+}
+
 /// Segmentations of nothing but labels, many enough to be taken a chunk at a time.
 void writeLabels(const fs::path& folder) {
   const std::vector<char> noise = filled(3000, 2);
@@ -181,6 +192,7 @@ void writeSegmentation(const fs::path& folder, const std::string& name, const st
       text.substr(0, text.find(' ', labels + 100) + 1) + text.substr(text.find("</qsegStatsInfo>"));
   const std::string seed = without(few, "<qsegInstInfo>", "<qsegInstInfo>");
   write(folder / "qseg" / name, seed);
+  writeSimrecSeed(folder, name, "simulation_AWB_QsegImageData_camId[0].xml", seed);
   write(folder / "document" / name, few);
   std::string instances;
   for (std::size_t i = 0; i < QSegImageInfo::kInstances; ++i) instances += "<a><ID>1</ID></a>";
@@ -202,6 +214,7 @@ void writeSeed(const fs::path& folder, const fs::path& dump) {
     return;
   }
   write(folder / family->target / name, text);
+  writeSimrecSeed(folder, name, dump.filename().c_str(), text);
   if (dump.extension() == ".xml") write(folder / "document" / name, text);
 }
 
@@ -225,6 +238,7 @@ int main(int argc, char** argv) {
     if (entry.is_regular_file()) writeSeed(folder, entry.path());
   }
   writeLabels(folder);
+  fuzz::writeListSeeds(folder);
   for (std::size_t i = 0; i < std::size(kOddDocuments); ++i) {
     write(folder / kOddDocuments[i].target / ("odd_" + std::to_string(i)), kOddDocuments[i].text);
   }

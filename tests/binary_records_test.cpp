@@ -57,13 +57,6 @@ TEST_P(BinaryRecords, DumpWritesTheBytesAndKeepsTheTailOrTheFirstDump) {
   EXPECT_EQ(record, live);
 }
 
-TEST_P(BinaryRecords, DumpThatCannotOpenLogsTwoLinesAfterTheFolders) {
-  const ReadOnlyCameraData readOnly;
-  const LogLines log = run(0, operation.memory(1).data());
-  const LogLine open = {6, "open file:" + dumped + " failed; No such file or directory"};
-  EXPECT_EQ(LogLines(log.end() - 2, log.end()), (LogLines{open, notWritten}));
-}
-
 TEST_P(BinaryRecords, ReadbackTakesAWholeFileAndWhatItsKindTakesOfAShortOne) {
   const std::string whole = live.substr(0, row.liveHead) + saved.substr(row.liveHead);
   const std::string part = saved.substr(0, saved.size() - 1);

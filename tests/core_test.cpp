@@ -1,8 +1,12 @@
 // The services every record builds on: flags, paths and folders, raw files, log.
 #include <fcntl.h>
 
+#include <cfloat>
+
 #include "core/log.h"
+#include "core/number_text.h"
 #include "core/path.h"
+#include "core/xml_printer.h"
 #include "tests/support/camera_data.h"
 
 namespace {
@@ -67,6 +71,7 @@ TEST_F(Core, EachFlagQueryReadsItsOwnBit) {
 TEST_F(Core, PathsAreMadeAsTheirFileSays) { playGolden("paths.calls", perform); }
 
 TEST_F(Core, FoldersThatCannotBeMadeAreLogged) {
+  SKIP_WHERE_NOTHING_CAN_BE_MOUNTED();
   const ReadOnlyCameraData readOnly;
   playGolden("read_only.calls", perform);
 }
@@ -92,6 +97,29 @@ TEST_F(Core, LogCutsAt1023Characters) {
   const std::string text(2000, 'y');
   simulation::SimulationLog(3, "%s", text.c_str());
   EXPECT_EQ(takeLog(), (LogLines{{3, text.substr(0, 1023)}}));
+}
+
+TEST_F(Core, XmlIsWholeWhereverTheBufferEnds) {
+  const std::string longest = "-340282346638528859811704183484516925440.000000 ";
+  const std::string path = kCamera + "file", bytes(5000, '\xFF');
+  const std::string all =
+      'c' + replaced(std::string(71, 'x'), "x", longest) + replaced(bytes, "\xFF", "255 ");
+  const auto write = [](char* out, std::size_t) {
+    return simulation::writeBlank(simulation::writeFixedFloat(out, -FLT_MAX));
+  };
+  for (std::size_t room = 0; room < 20000; room += room < 130 ? 1 : 997) {
+    const auto printer = std::make_unique<simulation::XmlPrinter>(path.c_str());
+    const std::string before(65536 - 3 - room, 'x');
+    printer->OpenElement("a");
+    printer->PushText(before.c_str());
+    printer->pushCharacter('c');
+    printer->pushNumber(write, 0U);
+    printer->pushNumbers(70, write);
+    printer->pushBytes(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    printer->CloseElement();
+    EXPECT_EQ(printer->finish(), tinyxml2::XML_SUCCESS);
+    EXPECT_TRUE(readFile(path) == "<a>" + before + all + "</a>\n") << room;
+  }
 }
 
 }  // namespace

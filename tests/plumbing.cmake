@@ -1,8 +1,26 @@
-# Tests of what the build delivers: the exported symbols, the installed package.
+# Tests of what the build delivers: the exported symbols, the host program, the
+# installed package.
 add_test(NAME exported_symbols
   COMMAND ${CMAKE_COMMAND} -D NM=${CMAKE_NM} -D LIBRARY=$<TARGET_FILE:simulation>
           -D EXPECTED=${CMAKE_CURRENT_LIST_DIR}/exported_symbols.txt
           -P ${CMAKE_CURRENT_LIST_DIR}/exported_symbols.cmake)
+
+if(TARGET capture_session)
+  add_test(NAME host_program
+    COMMAND ${CMAKE_CURRENT_LIST_DIR}/host_program.sh ${CMAKE_CURRENT_BINARY_DIR}/host_program
+            ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:capture_session>)
+endif()
+
+add_test(NAME needed_libraries
+  COMMAND ${CMAKE_COMMAND} -D READELF=${CMAKE_READELF} -D LIBRARY=$<TARGET_FILE:simulation>
+          -P ${CMAKE_CURRENT_LIST_DIR}/needed_libraries.cmake)
+
+if(SIMULATION_SIMREC)
+  add_test(NAME simrec_help
+    COMMAND ${CMAKE_COMMAND} -D SIMREC=$<TARGET_FILE:simrec_program> -D SOURCE=${PROJECT_SOURCE_DIR}
+            "-D EMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR}"
+            -P ${CMAKE_CURRENT_LIST_DIR}/simrec/help.cmake)
+endif()
 
 # The consumer is built as this build is: same compiler, flags and emulator.
 set(consumer_settings "")
@@ -15,4 +33,5 @@ endif()
 add_test(NAME install_consumer
   COMMAND ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR} -D GENERATOR=${CMAKE_GENERATOR}
           -D SOURCE=${CMAKE_CURRENT_LIST_DIR}/consumer -D WORK=${CMAKE_CURRENT_BINARY_DIR}/consumer
-          "-D SETTINGS=${consumer_settings}" -P ${CMAKE_CURRENT_LIST_DIR}/install_consumer.cmake)
+          -D README=${PROJECT_SOURCE_DIR}/README.md
+          -D SIMREC=${SIMULATION_SIMREC} "-D SETTINGS=${consumer_settings}" -P ${CMAKE_CURRENT_LIST_DIR}/install_consumer.cmake)

@@ -3,13 +3,10 @@
 
 #include <simulation/request_map.h>
 
-#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <set>
 #include <sstream>
-#include <thread>
 
 #include "tests/support/camera_data.h"
 
@@ -30,10 +27,7 @@ struct RequestMapTest : CameraDataTest {
   ~RequestMapTest() override { EXPECT_EQ(tree("/proc/self/fd").size(), openBefore) << "leaked"; }
 
   void enqueue(std::uint64_t fwkID, std::uint64_t chiID) {
-    RequestData request;
-    request.fwkID = fwkID;
-    request.chiID = chiID;
-    map.enqueue(request);
+    map.enqueue({fwkID, chiID, 0, {}, {}, 0});
   }
   RequestMap map;
   const std::size_t openBefore = tree("/proc/self/fd").size();
@@ -96,31 +90,6 @@ TEST_F(RequestMapTest, BrokenBoundsAbort) {
   EXPECT_EXIT((map.rear = 50, enqueue(1, 1)), aborts, "");
   EXPECT_EXIT((map.rear = -1, enqueue(1, 1)), aborts, "");
   EXPECT_EXIT((map.front = 50, map.dequeue()), aborts, "");
-}
-
-TEST_F(RequestMapTest, ThreadsShareTheRing) {
-  enqueue(1, 1001);
-  std::atomic<bool> started{false};
-  std::vector<std::thread> threads;
-  for (const unsigned int first : {100U, 200U, 300U}) {
-    threads.emplace_back([&, first] {
-      while (!started) std::this_thread::yield();
-      for (unsigned int n = first; n < first + 16; ++n, std::this_thread::yield()) {
-        enqueue(n, n + 1000);
-        for (unsigned int camId = 0; camId < 3; ++camId) map.insertForCamx(n + 1000, n, camId);
-        map.addForImageName({n, 2}, std::to_string(n).c_str());
-        map.insertForCamx(1001, n, 5);
-      }
-    });
-  }
-  started = true;
-  for (std::thread& thread : threads) thread.join();
-  std::set<std::uint64_t> complete;
-  for (const RequestData& slot : map.entries) {
-    const bool whole = slot.camMask == 0b111 && slot.chiID == slot.fwkID + 1000;
-    if (whole && slot.imageName == std::to_string(slot.fwkID)) complete.insert(slot.fwkID);
-  }
-  EXPECT_EQ(complete.size(), 48U);
 }
 
 // The map of the process, which the child process is the first to use.

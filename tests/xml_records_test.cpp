@@ -5,7 +5,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <optional>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -29,23 +31,28 @@ struct Record {
   int level;             ///< of the line that tells a dump's success
   const char* notReads;  ///< format of the line about a file that can't be loaded
   const char* notDumps = kNotDumped;
-  const char* notCreates = "";  ///< format of the line without memory; null: needs none
+  const char* notCreates = "";  ///< format of a readback's line without memory; null: needs none
   bool tellsReadback = false;
+  const char* needs = "";  ///< the elements without which a readback ends
+  bool throws = false;     ///< what the standard conversions throw
 };
 
 const Record kRecords[] = {
-    {"ZOAWBWideAlwaysOnStatus", 2, kReadFailed},
-    {"ZOAWBSyncInfo", 2, kReadFailed},
-    {"ZOAWBPureColorRes", 2, kReadFailed},
-    {"ZOAWBLightSrcClassify", 2, kReadFailed},
+    {"ZOAWBWideAlwaysOnStatus", 2, kReadFailed, kNotDumped, "", false, "", true},
+    {"ZOAWBSyncInfo", 2, kReadFailed, kNotDumped, "", false, "", true},
+    {"ZOAWBPureColorRes", 2, kReadFailed, kNotDumped, "", false, "", true},
+    {"ZOAWBLightSrcClassify", 2, kReadFailed, kNotDumped, "", false, "", true},
     {"OTPCalibrationFactor", 2, kDumpFailed},
-    {"ZoAWBSpectralSensorInfo", 2, "read %s fail ", "dump %s failed"},
-    {"QsegImageData", 3, kLoadFailed, kNotDumped, kNotCreated, true},
+    {"ZoAWBSpectralSensorInfo", 2, "read %s fail ", "dump %s failed", "", false, "", true},
+    {"QsegImageData", 3, kLoadFailed, kNotDumped, kNotCreated, true, "", true},
     {"AWBExtExposure", 2, kDumpFailed, "dump %s fail", nullptr},
     {"AWBAECData", 2, kLoadFailed},
-    {"AECData", 6, "[%s] read xml root failed", kNotDumped, kNotCreated, true},
-    {"AWBParsedStatsOutput", 3, kLoadFailed, kNotDumped, "create XMLDocument failed", true},
-    {"LscMeta", 6, kLoadFailed, kNotDumped, nullptr},
+    {"AECData", 6, "[%s] read xml root failed", kNotDumped, kNotCreated, true,
+     "LuxIndex DigitalGain ExposureIndexShort ExposureIndexLong ExposureIndexSafe DrcGain "
+     "DrcGainDark"},
+    {"AWBParsedStatsOutput", 3, kLoadFailed, kNotDumped, "create XMLDocument failed", true,
+     "RSum BSum GRorGSum GBSum YSum RCount BCount GRorGCount GBCount YCount"},
+    {"LscMeta", 6, kLoadFailed, kNotDumped, nullptr, false, "", true},
     {"ACBdeviceOri", 2, kDumpFailed, "dump %s fail", nullptr},
 };
 
@@ -84,20 +91,17 @@ struct XmlRecords : CameraDataTest, testing::WithParamInterface<Record> {
   std::string filled(bool readBack) const {
     std::string record = live;
     std::istringstream lines(golden(row.name + std::string(".values")));
-    std::size_t offset;
-    char type;
     for (std::string line, value, other; std::getline(lines, line); other.clear()) {
+      std::size_t offset;
+      char type;
       std::istringstream(line) >> offset >> type >> value >> other;
-      std::istringstream text(readBack && !other.empty() ? other : value);
-      text.imbue(std::locale::classic());
-      if (text.str() == "-") continue;
-      float number;
-      std::uint64_t whole;
-      if (type == 'f' && text >> number) store(record.data(), offset, number);
-      if (type < 'A' && text >> whole) {
-        std::memcpy(&record[offset], &whole, static_cast<std::size_t>(type - '0'));
-      }
+      if (readBack && !other.empty()) value = other;
+      if (value == "-") continue;
+      if (type == 'f') store(record.data(), offset, std::stof(value));
       if (type == 'L') record.replace(offset, kLabels.size(), kLabels);
+      if (type > '9') continue;
+      const std::uint64_t whole = std::stoull(value);
+      std::memcpy(&record[offset], &whole, static_cast<std::size_t>(type - '0'));
     }
     return record;
   }
@@ -115,19 +119,20 @@ INSTANTIATE_TEST_SUITE_P(All, XmlRecords, testing::ValuesIn(kRecords),
 
 // Whatever the language of the process.
 TEST_P(XmlRecords, DocumentAsAWholeThereAndBack) {
-  const std::string before = filled(false);
+  const std::string before = filled(false), after = filled(true);
   for (const bool commas : {false, true}) {
     std::optional<CommaLocale> locale;
-    if (commas) locale.emplace();
+    if (commas) locale.emplace(), writeFile(dumped, document + "tail of an older, longer one");
     std::string record = before;
     EXPECT_EQ(run(0, record), (LogLines{{row.level, "dump " + dumped + " success"}}));
     EXPECT_TRUE(readFile(dumped) == document) << readFile(dumped).substr(0, 10000);
+    EXPECT_EQ(std::filesystem::status(dumped).permissions(), std::filesystem::perms(0666));
     EXPECT_TRUE(record == before);
     writeFile(replayed, document);
     record = live;
     EXPECT_EQ(run(1, record),
               row.tellsReadback ? LogLines{logged("readback %s success", replayed)} : LogLines{});
-    EXPECT_TRUE(record == filled(true));
+    EXPECT_TRUE(record == after);
   }
   // Another reader of XML takes it, too, where the machine has one.
   const std::string check = "! command -v xmllint >/dev/null || xmllint --noout '";
@@ -141,13 +146,15 @@ TEST_P(XmlRecords, FailuresAreLoggedAndLeaveTheRecord) {
   EXPECT_EQ(run(1, record), LogLines{logged(row.notReads, replayed, 15)});
   writeFile(replayed, document);
   EXPECT_EQ(run(2, record), LogLines{});
+  EXPECT_EQ(tree().size(), 1U) << "a readback makes no folder";
   if (row.notCreates != nullptr) {
     const NoMemory noMemory(NoMemory::kObjects);
-    const LogLine line = logged(row.notCreates, replayed);
-    EXPECT_EQ(run(1, record), line.text.empty() ? LogLines{} : LogLines{line});
+    const bool told = row.notCreates[0] != '\0';
+    EXPECT_EQ(run(1, record), LogLines(told, logged(row.notCreates, replayed)));
+    EXPECT_EQ(run(0, record), LogLines(told, logged(kNotCreated, dumped)));
+    EXPECT_EQ(tree().size(), 3U) << "only the folders of a dump are made";
   }
   EXPECT_TRUE(record == live);
-  EXPECT_EQ(tree().size(), 1U) << "a readback makes no folder";
 
   run(0, record = filled(false));
   remove(dumped.c_str());
@@ -180,9 +187,11 @@ std::string XmlRecords::outcomeOf(const std::string& edited) const {
   return outcome.str();
 }
 
-/// A .cases file has documents, each followed by its outcome and an empty line.
+/// A .cases file has documents, each followed by its outcome and an empty line. Where a
+/// record needs elements, the first one is read without each of them, too: exposure is then
+/// replayed up to that, statistics not at all.
 TEST_P(XmlRecords, OddDocuments) {
-  std::istringstream file(golden(row.name + std::string(".cases")));
+  std::istringstream file(golden(row.name + std::string(".cases"))), needed(row.needs);
   std::string edited, expected;
   for (std::string line; std::getline(file, line);) {
     if (!line.empty()) {
@@ -194,9 +203,36 @@ TEST_P(XmlRecords, OddDocuments) {
     } else {
       EXPECT_EQ(outcomeOf(edited), expected) << edited;
     }
+    std::istringstream told(expected.substr(expected.find('\n') + 1));
+    for (std::string name, changes; needed >> name && std::getline(told, line);) {
+      const std::string lacking = std::regex_replace(edited, std::regex("\\b" + name + "\\b"), "x");
+      EXPECT_EQ(outcomeOf(lacking), "= 6 read " + name + " element failed\n" + changes);
+      if (row.name == std::string("AECData")) changes += line + '\n';
+    }
     edited = expected = "";
   }
   EXPECT_EQ(edited + expected, "") << "the last case has no end";
+}
+
+TEST_P(XmlRecords, TextsThatAreNoNumbersOrTooLarge) {
+  const std::string text = golden(row.name + std::string(".xml"));
+  const std::regex isInt(
+      "status|syncinfo|enabled|lightClass|sensorType|isQSegInfoValid|qsegStats.*");
+  for (std::size_t end = 0; (end = text.find("</", end + 1)) != text.npos;) {
+    const std::size_t begin = text.rfind('>', end) + 1;
+    const std::string name = text.substr(end + 2, text.find('>', end) - end - 2);
+    if (text.find_first_not_of(" \n", begin) == end) continue;  // the end of a parent
+    for (const char* odd : {"x ", "4294967301 "}) {
+      const bool bad = odd[0] == 'x' ? name != "channelDatas" : std::regex_match(name, isInt);
+      writeFile(replayed, std::string(text).replace(begin, end - begin, odd));
+      std::string record = live;
+      if (row.throws && bad) {
+        EXPECT_THROW(run(1, record), std::logic_error) << name;
+      } else {
+        EXPECT_NO_THROW(run(1, record)) << name;
+      }
+    }
+  }
 }
 
 }  // namespace

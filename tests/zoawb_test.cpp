@@ -35,7 +35,7 @@ TEST_F(ZoAwb, OtpFileIsLoadedForEachEntryAndNoOther) {
 TEST_F(ZoAwb, SpectralChannelNumberComesFromAnEditedFile) {
   const RecordOperation& record = recordNamed("ZoAWBSpectralSensorInfo");
   SpectralSensorInfo data = {};
-  writeFile(record.replayed(), "<a><channelNum>7</channelNum></a>");
+  writeFile(record.replayed(), "<a><channelNum>4294967303</channelNum></a>");
   record.run(1, reinterpret_cast<char*>(&data));
   EXPECT_EQ(data.channelNum, 7U);
 }

@@ -13,4 +13,8 @@ insert 0 7 1
 slots
 = slot 0: fwk 0 chi 0 image '' index 0 camx 1:7
 = slot 3: fwk 3 chi 11 image '' index 0 camx 0:9 5:4294967304
+(dequeueAll)
+(enqueue 4 11)
+insert 11 10 2
+= 2 iFromCamx:fwkID:4<==>chiId:11<==>camxID:10<==>index:4
 files

@@ -17,6 +17,14 @@ move b to
 move c to
 = returns 0
 = 6 move_file:/data/vendor/camera/c/loop:/data/vendor/camera/to/loop
+put e/.hidden
+move e to
+= returns 0
+= 6 move_file:/data/vendor/camera/e/.hidden:/data/vendor/camera/to/.hidden
+put f/..two
+move f to
+= returns 0
+= 6 move_file:/data/vendor/camera/f/..two:/data/vendor/camera/to/..two
 put d/one
 put d/taken
 put d/two
@@ -29,6 +37,8 @@ files
 = d/
 = d/taken
 = to/
+= to/..two has f/..two
+= to/.hidden has e/.hidden
 = to/dangling has b/dangling
 = to/loop
 = to/new has from/new
@@ -38,6 +48,11 @@ files
 move c no-folder
 = returns 0
 = 6 move_file:/data/vendor/camera/c/loop:/data/vendor/camera/no-folder/loop
+= 6 Failed to move file loop
+put plain
+move c plain
+= returns 0
+= 6 move_file:/data/vendor/camera/c/loop:/data/vendor/camera/plain/loop
 = 6 Failed to move file loop
 move no-folder to
 = returns 1

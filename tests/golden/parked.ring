@@ -1,44 +1,7 @@
 name replaced 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90 90
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:0, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:1, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:2, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:3, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:4, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:5, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:6, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:7, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:8, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:9, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:10, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:11, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:12, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:13, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:14, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:15, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:16, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:17, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:18, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:19, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:20, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:21, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:22, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:23, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:24, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:25, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:26, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:27, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:28, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:29, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:30, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:31, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:32, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:33, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:34, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:35, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:36, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:37, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:38, m_OffPreReqStart:0
-= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:39, m_OffPreReqStart:0
+repeat 0 39
+= 2 not find fwkNum:90 in map, imageName:replaced,add for tmp requestIndex:{n}, m_OffPreReqStart:0
+end
 name null 1 1 1 1
 name empty 1 1 1 1
 offset 100
@@ -50,15 +13,9 @@ slots
 = parked 0: fwk 7 chi 0 image 'IMG' index 0 camx
 = parked 1: fwk 7 chi 0 image 'IMG' index 1 camx
 = parked 2: fwk 8 chi 0 image 'IMG' index 2 camx
-= parked 3: fwk 90 chi 0 image 'replaced' index 3 camx
-= parked 4: fwk 90 chi 0 image 'replaced' index 4 camx
-= parked 5: fwk 90 chi 0 image 'replaced' index 5 camx
-= parked 6: fwk 90 chi 0 image 'replaced' index 6 camx
-= parked 7: fwk 90 chi 0 image 'replaced' index 7 camx
-= parked 8: fwk 90 chi 0 image 'replaced' index 8 camx
-= parked 9: fwk 90 chi 0 image 'replaced' index 9 camx
-= parked 10: fwk 90 chi 0 image 'replaced' index 10 camx
-= parked 11: fwk 90 chi 0 image 'replaced' index 11 camx
+repeat 3 11
+= parked {n}: fwk 90 chi 0 image 'replaced' index {n} camx
+end
 files
 (enqueue 8 11)
 enqueue 7 11
@@ -97,3 +54,14 @@ slots
 = parked 10: fwk 90 chi 0 image 'replaced' index 10 camx
 = parked 11: fwk 90 chi 0 image 'replaced' index 11 camx
 files
+repeat 4 11
+(enqueue 90 11)
+end
+slots
+= slot 1: fwk 8 chi 11 image 'IMG' index 2 camx
+= slot 2: fwk 7 chi 11 image 'IMG' index 0 camx
+= slot 3: fwk 7 chi 11 image 'IMG' index 1 camx
+= slot 5: fwk 90 chi 11 image 'replaced' index 3 camx
+repeat 4 11
+= slot {n+4}: fwk 90 chi 11 image 'replaced' index {n} camx
+end

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 #include <iterator>
 #include <sstream>
 
@@ -35,10 +37,37 @@ std::string readFile(const std::string& path) {
   return (std::ostringstream() << file.rdbuf()).str();
 }
 
+namespace {
+
+/// `text` with what its braces come to.
+std::string counted(std::string text, int n) {
+  for (std::size_t at; (at = text.find("{n")) != text.npos;) {
+    std::istringstream formula(text.substr(at + 2));
+    double is = n, by;
+    for (char o; formula >> o && o != '}' && formula >> by;) {
+      is = o == '*' ? is * by : o == '%' ? std::fmod(is, by) : is + (o == '-' ? -by : by);
+    }
+    const std::string number = (std::ostringstream() << std::setprecision(9) << is).str();
+    text.replace(at, text.find('}', at) + 1 - at, number);
+  }
+  return text;
+}
+
+}  // namespace
+
 std::string golden(const std::string& name) {
   const std::string path = SIMULATION_GOLDEN_FOLDER + name;
   EXPECT_TRUE(fs::exists(path) && fs::file_size(path) != 0) << path << " holds nothing";
-  return readFile(path);
+  std::string text = '\n' + readFile(path);
+  for (std::size_t at; (at = text.find("\nrepeat ")) != text.npos;) {
+    const std::size_t begin = text.find('\n', at + 1), end = text.find("\nend\n", begin);
+    std::string all;
+    std::istringstream range(text.substr(at + 8, begin - at));
+    int n, last;
+    for (range >> n >> last; n <= last; ++n) all += counted(text.substr(begin, end - begin), n);
+    text.replace(at, end + 4 - at, all);
+  }
+  return text.substr(1);
 }
 
 namespace {
@@ -71,16 +100,15 @@ void playGolden(const std::string& name,
       fs::create_directories(path(1).parent_path());
       writeFile(path(1), words.back());
     };
-    const auto showRights = [&] {
-      out << "= " << std::oct << static_cast<int>(fs::status(path(1)).permissions()) << std::dec
-          << '\n';
-    };
-    const bool known = call(words[0], {{"put", put},
-                                       {"link", [&] { fs::create_symlink(words[1], path(2)); }},
-                                       {"remove", [&] { fs::remove_all(path(1)); }},
-                                       {"rights", showRights},
-                                       {"files", [&] { showFiles(out); }}}) ||
-                       perform(words, out);
+    const auto rights = [&] { return static_cast<int>(fs::status(path(1)).permissions()); };
+    const bool known =
+        call(words[0],
+             {{"put", put},
+              {"link", [&] { fs::create_symlink(words[1], path(2)); }},
+              {"remove", [&] { fs::remove_all(path(1)); }},
+              {"rights", [&] { out << "= " << std::oct << rights() << std::dec << '\n'; }},
+              {"files", [&] { showFiles(out); }}}) ||
+        perform(words, out);
     EXPECT_TRUE(known) << name << ": no call is named " << words[0];
     for (const LogLine& logged : takeLog()) out << "= " << logged << '\n';
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <private_data.h>
 #include <simulation/simulation.h>
 
 #include <cstdint>
@@ -37,7 +38,9 @@ void clearCameraData();
 void writeFile(const std::string& path, const std::string& bytes);
 std::string readFile(const std::string& path);
 
-/// A file of tests/golden.
+/// A file of tests/golden. What stands in it between the lines "repeat FIRST LAST" and
+/// "end" is there once for each number n of these; {n}, and {n+1%50} and the like, reckoned
+/// from left to right, stand for what they come to.
 std::string golden(const std::string& name);
 
 /// Plays a file of tests/golden: calls, each followed by what came of it, in lines
@@ -62,6 +65,10 @@ std::string replaced(std::string text, const std::string& word, const std::strin
 
 /// Bytes that differ from place to place, and from seed to seed.
 std::string pattern(std::size_t size, unsigned int seed);
+
+/// For tests that mount, ReadOnlyCameraData's among them.
+#define SKIP_WHERE_NOTHING_CAN_BE_MOUNTED() \
+  if (!simulation_host::hasPrivateView()) GTEST_SKIP() << "nothing can be mounted"
 
 /// While it lives, nothing can be created or changed below /data/vendor/camera.
 class ReadOnlyCameraData {

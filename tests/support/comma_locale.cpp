@@ -2,22 +2,10 @@
 
 #include <clocale>
 #include <cstdlib>
-#include <locale>
 
 #include "tests/support/camera_data.h"
 
-namespace {
-
-struct Commas : std::numpunct<char> {
-  char do_decimal_point() const override { return ','; }
-  char do_thousands_sep() const override { return '.'; }
-  std::string do_grouping() const override { return "\3"; }
-};
-
-}  // namespace
-
 CommaLocale::CommaLocale() {
-  std::locale::global(std::locale(std::locale::classic(), new Commas));
   // Only the numbers of a locale, for it to be made at once.
   writeFile(kCamera + "source",
             "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\ngrouping 3\nEND LC_NUMERIC\n");
@@ -29,6 +17,5 @@ CommaLocale::CommaLocale() {
 
 CommaLocale::~CommaLocale() {
   std::setlocale(LC_ALL, "C");
-  std::locale::global(std::locale::classic());
   unsetenv("LOCPATH");
 }

@@ -1,5 +1,4 @@
-// A process whose language writes 1.234,5: while it lives, the C library and new
-// streams do so.
+// A process whose language writes 1.234,5: while it lives, the C library does so.
 #pragma once
 
 struct CommaLocale {

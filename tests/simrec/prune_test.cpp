@@ -1,0 +1,147 @@
+// What prune chooses and takes.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+
+#include "tests/simrec/sandbox.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Command = std::vector<std::string>;
+using Names = std::set<std::string>;
+
+constexpr long kMinute = 60, kHour = 3600;
+
+/// Five images of 100 bytes each, from 1 to 5 hours old, the oldest with a file of somebody
+/// else's; three requests; what no prune takes.
+void fillForPrune() {
+  fill();
+  for (const char* name : {"IMG_A", "IMG_B", "tmp"}) fs::remove_all(kData + name);
+  const auto capture = [](const std::string& folder, long seconds) {
+    put(kData + folder + "/simulation_one", std::string(60, 'x'));
+    put(kData + folder + "/simulation_two", std::string(40, 'x'));
+    age(kData + folder + "/simulation_one", seconds);
+    age(kData + folder + "/simulation_two", seconds + kHour);
+  };
+  for (const int hours : {1, 2, 3, 4, 5}) capture("IMG_" + std::to_string(hours), hours * kHour);
+  put(kData + "IMG_3/.simrec.json", "{}");
+  age(kData + "IMG_3/.simrec.json", 3 * kHour + 1);
+  put(kData + "IMG_5/notes", "somebody's");
+  capture("tmp/RequestID[1]_camId[0]", 5 * kMinute);
+  capture("tmp/RequestID[2]_camId[0]", 11 * kMinute);
+  capture("tmp/RequestID[3]_camId[0]", 9 * kHour);
+  put(kData + "tmp/RequestID[3]_camId[0]/being_written", "");
+  capture("tmp/other", 9 * kHour);
+  put(kData + "folder/notes", "no capture");
+  age(kData + "folder/notes", 9 * kHour);
+  fs::create_directory_symlink("IMG_5", kData + "IMG_link");
+}
+
+Names files() {
+  Names names;
+  for (const auto& file : contents()) names.insert(file.first);
+  return names;
+}
+
+/// What has gone, by the folder that it was in; a folder that has gone itself with a '/'.
+Names gone(const Names& before) {
+  const Names now = files();
+  Names folders;
+  for (const std::string& name : before) {
+    if (now.count(name) != 0) continue;
+    const std::string folder = fs::path(name).parent_path();
+    if (name.find("simulation_") != name.npos || name.find(".json") != name.npos) {
+      folders.insert(folder + (now.count(folder) != 0 ? "" : "/"));
+    }
+  }
+  return folders;
+}
+
+TEST(Prune, TakesWhatIsChosen) {
+  const std::string second = "tmp/RequestID[2]_camId[0]/";
+  const struct {
+    const char* name;
+    Command options;
+    Names gone;
+  } kRows[] = {
+      {"nothing", {}, {}},
+      {"older", {"--older", "150m"}, {"IMG_3/", "IMG_4/", "IMG_5"}},
+      {"older in seconds", {"--older", "17999s"}, {"IMG_5"}},
+      {"none is as old", {"--older", "1d"}, {}},
+      {"all but the newest", {"--keep", "2"}, {"IMG_3/", "IMG_4/", "IMG_5"}},
+      {"more than there are", {"--keep", "9"}, {}},
+      {"as many bytes", {"--max-bytes", "302"}, {"IMG_4/", "IMG_5"}},
+      {"a byte less", {"--max-bytes", "301"}, {"IMG_3/", "IMG_4/", "IMG_5"}},
+      {"as many as there are", {"--max-bytes", "1K"}, {}},
+      {"what is kept never goes",
+       {"--max-bytes", "0", "--older", "1s", "--keep", "3"},
+       {"IMG_4/", "IMG_5"}},
+      {"either", {"--max-bytes", "302", "--older", "150m"}, {"IMG_3/", "IMG_4/", "IMG_5"}},
+      {"leftovers", {"--leftovers"}, {second}},
+      {"leftovers of an age",
+       {"--leftovers", "--older", "12m"},
+       {"IMG_1/", "IMG_2/", "IMG_3/", "IMG_4/", "IMG_5"}},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    fillForPrune();
+    const Picture before = picture();
+    Command command = {"prune", "--dry-run"};
+    command.insert(command.end(), row.options.begin(), row.options.end());
+    const Outcome dry = simrec(command);
+    EXPECT_EQ(picture(), before);
+    command[1] = "--yes";
+    const Names names = files();
+    const Outcome outcome = simrec(command);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(gone(names), row.gone);
+    EXPECT_EQ(std::count(dry.out.begin(), dry.out.end(), '\n'),
+              static_cast<long>(row.gone.size()) + 1);
+    for (const auto& [name, what] : picture()) EXPECT_EQ(before.at(name), what) << name;
+    EXPECT_FALSE(fs::exists(kData + ".simrec"));
+  }
+}
+
+TEST(Prune, AsksAndUnderstandsNumbers) {
+  fillForPrune();
+  const Picture before = picture();
+  for (const Command& options :
+       {Command{"--keep", "0"}, Command{"--older", "5"}, Command{"--older", "-5s"},
+        Command{"--older", "99999999999999d"}, Command{"--max-bytes", "5T"},
+        Command{"--max-bytes", "99999999999G"}, Command{"--keep", "-1"}}) {
+    Command command = {"prune"};
+    command.insert(command.end(), options.begin(), options.end());
+    EXPECT_TRUE(isRefusal(simrec(command))) << options[1];
+  }
+  EXPECT_EQ(picture(), before);
+}
+
+TEST(Prune, TimesMayBeAnything) {
+  for (const long seconds : {2'000'000'000L, 20'000'000'000L, -20'000'000'000L}) {
+    fillForPrune();
+    for (const char* file : {"one", "two"}) age(kData + "IMG_1/simulation_" + file, seconds);
+    const Outcome told = simrec({"prune", "--older", "1d", "--dry-run"});
+    EXPECT_EQ(told.out.find("IMG_1 ") != told.out.npos, seconds > 0) << seconds;
+  }
+}
+
+TEST(Prune, LeavesWhatIsStagedAndWhatWasSetAside) {
+  fill();
+  const Picture origin = picture();
+  EXPECT_EQ(simrec({"stage", "IMG_A"}).status, 0);
+  EXPECT_EQ(simrec({"prune", "--max-bytes", "0", "--leftovers", "--older", "0s", "--yes"}).status,
+            0);
+  EXPECT_EQ(simrec({"status"}).status, 0);
+  EXPECT_EQ(simrec({"unstage"}).status, 0);
+  const Picture found = picture();
+  for (const auto& [name, what] : origin) {
+    if (name.find('/') != name.npos || what == "a folder") continue;
+    EXPECT_EQ(found.at(name), what);
+  }
+  EXPECT_EQ(found.count("IMG_A") + found.count("IMG_B"), 0U);
+}
+
+}  // namespace
