@@ -1,5 +1,5 @@
-# What scripts/demo, scripts/test, scripts/bench, scripts/fuzz and .ci/run share:
-# finding and installing what a build needs, and building a preset. Sourced by
+# What scripts/demo, scripts/simrec, scripts/test, scripts/bench, scripts/fuzz and .ci/run
+# share: finding and installing what a build needs, and building a preset. Sourced by
 # bash scripts, never run.
 # Everything told to the person goes to stderr.
 
@@ -7,17 +7,24 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
-# a quiet command that succeeds when it is there. Purposes: build, bench, aarch64,
-# fuzz, format, tidy, libcxx, android, blueprint.
+# a quiet command that succeeds when it is there. Purposes: build, bench,
+# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
 build|cmake|cmake >= 3.25|has_cmake
+build|pkgconf|pkg-config|command -v pkg-config
 build|ninja-build|ninja|command -v ninja
 build|libtinyxml2-dev|tinyxml2|has_header tinyxml2.h
 build|libgtest-dev|GoogleTest|has_header gtest/gtest.h
 build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
+build|libfmt-dev|fmt|has_header fmt/format.h
+build|nlohmann-json3-dev|nlohmann-json|has_header nlohmann/json.hpp
+build|libfast-float-dev|fast_float|has_header fast_float/fast_float.h
+bench|python3|python3|command -v python3
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
+bench-clang|clang|clang (clang++)|command -v clang++
+bench|python3|Python 3|command -v python3
 aarch64|g++-aarch64-linux-gnu|a cross compiler (aarch64-linux-gnu-g++)|command -v aarch64-linux-gnu-g++
 aarch64|qemu-user|qemu-user (qemu-aarch64)|command -v qemu-aarch64
 aarch64|libtinyxml2-dev:arm64|tinyxml2 for arm64|test -e /usr/lib/aarch64-linux-gnu/libtinyxml2.so
@@ -99,18 +106,45 @@ ensure() {
   [ ${#names[@]} = 0 ] || { say "Still not found after the installation: $(listed "${names[@]}")."; exit 2; }
 }
 
+# Ends the script with status 2 when build/ holds files of another user, root mostly,
+# that this one may not replace.
+require_own_build() {
+  local owner
+  [ -e build ] || [ -w . ] || { say "$root belongs to another user: nothing can be built there."; exit 2; }
+  owner=$(find build ! -user "$(id -u)" ! -type l ! -writable -printf '%u' -quit 2>/dev/null)
+  [ -n "$owner" ] || return 0
+  say "build/ was made by the user $owner, who must remove it or give it away first:"
+  say "  chown -R $(id -u) '$root/build'"
+  exit 2
+}
+
+# own_build_folder FOLDER [SOURCE]: removes one that was copied or moved here with its clone,
+# and would build and test the other tree.
+own_build_folder() {
+  local source
+  source=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$1/CMakeCache.txt" 2>/dev/null)
+  [ -z "$source" ] || [ "$source" -ef "${2:-.}" ] && return
+  require_own_build
+  say "$1 belongs to $source: it is made anew."
+  rm -rf "$1"
+}
+
 # configure PRESET: only when there is no configured build folder or the presets
 # are newer; ninja notices every other change by itself.
 configure() {
   local made=build/$1/build.ninja
+  own_build_folder "build/$1" || return
   [ ! -e "$made" ] || [ CMakePresets.json -nt "$made" ] || return 0
+  require_own_build
   cmake --preset "$1" >&2 && touch "$made"
 }
 
-# build PRESET [TARGET...]
+# build PRESET [TARGET...]: says nothing when all is up to date.
 build() {
   local preset=$1
   shift
   configure "$preset" || return
+  [[ "$(ninja -C "build/$preset" -n "$@" 2>/dev/null)" != *'no work to do.' ]] || return 0
+  require_own_build
   cmake --build --preset "$preset" ${1:+--target "$@"} >&2
 }
