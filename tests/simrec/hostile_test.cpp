@@ -96,6 +96,11 @@ class HostileData : public testing::Test {
     chmod((folder.path() + "/IMG_4").c_str(), 0444);  // its files can be listed, not looked at
     chmod((folder.path() + "/tmp").c_str(), 0);
   }
+  ~HostileData() override {  // so that an ordinary user can remove it, too
+    for (const char* closed : {"/IMG_3", "/IMG_4", "/tmp"}) {
+      chmod((folder.path() + closed).c_str(), 0755);
+    }
+  }
 
   const TempFolder folder;
 };
