@@ -5,6 +5,8 @@
 rm -rf "$1" && mkdir -p "$1" && cd "$1" || exit 2
 shift
 program=("$@") failures=0
+# Where the machine's own data folder is borrowed, other tests may have it just now.
+waits='capture_session: waits for another program that uses /data/vendor/camera'
 
 export ASAN_OPTIONS=detect_leaks=0  # the library keeps some documents on purpose
 
@@ -21,6 +23,7 @@ rows() {
   while IFS='|' read -r status message command; do
     said=$(eval "$command" 2>&1 >out)
     ended=$?
+    said=${said#"$waits"} said=${said#$'\n'}
     [ "$ended" != "$status" ] || [ "$said" != "${message:+capture_session: $message}" ] || continue
     printf '%s\n  ended with %s, expected %s\n  said     %s\n  expected %s\n' \
       "$command" "$ended" "$status" "$said" "$message"
