@@ -12,10 +12,20 @@ export ASAN_OPTIONS=detect_leaks=0  # the library keeps some documents on purpos
 
 capture() { "${program[@]}" "$@"; }
 
+# stage FOLDER: all of a run's records to where a readback looks.
+stage() { find "$1" -mindepth 2 -name 'simulation_*' -exec cp {} "$1" \; ; }
+
 # full OPTION ARGUMENT...: in a small file system, mounted at full/.
 full() {
   unshare "${own[@]}" sh -c 'mount -t tmpfs -o "$0" tmpfs full && "$@"' \
     "$1" "${program[@]}" "${@:2}"
+}
+
+# full_replay ARGUMENT...: in a file system that the staged files and another one fill.
+full_replay() {
+  export -f stage
+  unshare "${own[@]}" bash -c 'mount -t tmpfs -o size=40m tmpfs full && cp -r data full/ && stage full/data &&
+    head -c 50m /dev/zero >full/filler 2>/dev/null; "$@"' bash "${program[@]}" "$@"
 }
 
 rows() {
@@ -37,7 +47,8 @@ mkdir full foreign
 touch foreign/notes
 
 rows <<'END'
-0||capture --requests 003 --cameras 1 --data data && grep -q 'Requests: 3,' out
+0||capture --requests 010 --cameras 1 --data data && grep -q 'Requests: 10,' out
+0||stage data && capture --replay --cameras 1 --data data && grep -q 'Replayed 26 of 26' out
 0||capture --requests 1 --data data && awk 'length > 100 { exit 1 }' out
 0||capture --help && awk 'length > 100 { exit 1 }' out
 1|stdout did not take all output: Bad file descriptor|capture --requests 1 --data data >&-
@@ -64,6 +75,7 @@ if unshare "${own[@]}" mount -t tmpfs tmpfs full 2>/dev/null; then
   rows <<'END'
 1|full/data: No space left on device; the session is not complete|full size=1m --requests 6 --data full/data
 1|full/data: No space left on device; the session is not complete|full nr_inodes=90 --requests 6 --data full/data
+1|full/data: No space left on device; the session is not complete|full_replay --replay --cameras 1 --data full/data
 END
 fi
 ordinary=()

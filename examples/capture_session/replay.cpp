@@ -41,9 +41,8 @@ void run(const Record& record, std::uint32_t mode, const View& view, Bytes* data
   record.run({*SimulationMgr::getInstance(), &info, *data, view.request(), view.camera()});
 }
 
-/// What a record's replay logs as an error though all went well is no problem.
-void checkLog(const Record& record, const View& view, Problems* problems) {
-  const auto expected = logLines(record.log.replay, filesOf(record, view, ""));
+/// Every error line is a problem, but for those that are `expected`.
+void checkLog(const std::vector<std::string>& expected, Problems* problems) {
   for (const std::string& line : takeErrorLines()) {
     if (std::find(expected.begin(), expected.end(), line) == expected.end()) problems->add(line);
   }
@@ -55,13 +54,30 @@ bool replayOne(const Record& record, const View& view, Problems* problems) {
   const bool staged = isStaged(record, view);
   try {
     if (staged) run(record, kReadback, view, &live);
-    checkLog(record, view, problems);
+    checkLog(logLines(record.log.replay, filesOf(record, view, "")), problems);
   } catch (const std::exception& error) {
     problems->add(std::string(record.name) + ": the readback throws " + error.what());
   }
+  const std::uint64_t problemsBefore = problems->count;
   run(record, kDump, view, &live);
-  takeErrorLines();  // dumps that went well tell so
+  const std::string folder = record.place == Record::kRequest
+                                 ? requestFolder(view.request(), view.camera())
+                                 : std::string(kReplayedImage);
+  checkLog(logLines(record.log.dump, filesOf(record, view, folder)), problems);
+  if (problems->count != problemsBefore) requireRoom();
   return staged;
+}
+
+/// Moves each request's records into the image's folder.
+void nameImage(Problems* problems) {
+  fs::create_directory(fs::path(kCameraData) / kReplayedImage);
+  std::vector<unsigned> frames = {kFrame};
+  addForImageName(&frames, kReplayedImage);
+  insertForChi(kFrame + 1, kChi + 1);  // the newest request stays in the ring: not this one's
+  dequeueAll();
+  for (const std::string& line : takeErrorLines()) {
+    if (line.rfind("move_file:", 0) != 0) problems->add(line);
+  }
 }
 
 }  // namespace
@@ -86,12 +102,7 @@ Replayed replayStaged(const Scene& scene, Rgb light, unsigned cameras) {
       result.absent.emplace_back(record.name);
     }
   }
-  fs::create_directory(fs::path(kCameraData) / kReplayedImage);
-  std::vector<unsigned> frames = {kFrame};
-  addForImageName(&frames, kReplayedImage);
-  insertForChi(kFrame + 1, kChi + 1);  // the newest request stays in the ring: not this one's
-  dequeueAll();
-  takeErrorLines();  // each move
+  nameImage(&result.problems);
   return result;
 }
 
