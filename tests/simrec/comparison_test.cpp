@@ -67,6 +67,8 @@ const Row kRows[] = {
     // The same float in other words; other words around it.
     {kExposure, exposure("0.1", "1", "5"), exposure("0.10000000149", " 1", "5", "1 2  3 4"),
      "same"},
+    {kExposure, exposure("8", "1", "5", "8 .5 1e2 -3 "),
+     exposure("8.0", "+1", " 5 ", "8.0 0.50 100 -3.0 "), "same"},
     {kExposure, exposure("nan", "1", "5", "nan inf 0 1e-45 "),
      exposure("-NAN", "1", "5", "nan inf -0 1.4e-45 "), "same"},
     {kExposure,
