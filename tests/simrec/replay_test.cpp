@@ -8,9 +8,11 @@
 #include <set>
 
 #include "simrec/derivation.h"
+#include "simrec/error.h"
 #include "simrec/selection.h"
 #include "simrec/staging.h"
 #include "simrec/verification.h"
+#include "tests/simrec/edited.h"
 #include "tests/support/all_records.h"
 
 namespace {
@@ -81,8 +83,9 @@ struct Replays : testing::Test {
   }
 
   /// The record of that name.
-  VerifiedRecord verified(const std::string& name, const std::string& capture = kImage) const {
-    const Capture ours = store.find(capture), theirs = store.find(kReplayed);
+  VerifiedRecord verified(const std::string& name, const std::string& capture = kImage,
+                          const std::string& dump = kReplayed) const {
+    const Capture ours = store.find(capture), theirs = store.find(dump);
     const std::vector<File> recorded = files(capture), dumped = filesOf(theirs);
     const std::vector<const File*> partners = answering(recorded, dumped);
     std::size_t at = 0;
@@ -248,6 +251,12 @@ TEST_F(Replays, OfAnyMemberThatWasSetAreSeen) {
       EXPECT_TRUE(due.back() == ' ' ? told.rfind(due, 0) == 0 : told == due) << told;
     }
   }
+  // The record has 600 regions.
+  for (const std::string& beyond :
+       {fmt::format("numROIs={}", BayerGridOutput::kMaxRegions + 1), std::string("RSum[600]=1")}) {
+    const Assignment change = parseAssignment("AWB_ParsedAWBStatsOutput." + beyond);
+    EXPECT_THROW(derive(store, {store.find(kImage), "more", {change}, {}}), Error) << beyond;
+  }
 }
 
 /// Regions one by one and in pairs, of which the second lies where the next one does, and counts
@@ -276,6 +285,28 @@ TEST_F(Replays, OfRegionsAreSeenInEveryForm) {
   }
 }
 
+/// Extended exposure in requests 0 to 9.
+TEST_F(Replays, AreNotMissedWhereTheirRuleLeavesThemOut) {
+  stageAll(kImage);
+  const struct {
+    unsigned int request;
+    const char* due;
+  } kRows[] = {{9, "not replayed: requests 0 to 9 are left out"}, {10, "fed"}};
+  for (const auto& [request, due] : kRows) {
+    for (const char* name : {"ZOAWBSyncInfo", "AWBExtExposure"}) {
+      const RecordOperation& record = recordNamed(name);
+      std::string live = record.memory(kLive);
+      for (const std::uint32_t mode : {1U, 0U}) record.run(mode, live.data(), request);
+      const std::string file = std::string("simulation_") + record.file,
+                        dumped = fmt::format("{}/{}", request, kCamId);
+      EXPECT_EQ(textOf(verified(file, kImage, dumped)), name[0] == 'A' ? due : "fed");
+      if (request == 9) continue;
+      fs::remove(store.find(dumped).path + "/" + file);
+      EXPECT_EQ(textOf(verified(file, kImage, dumped)), "missing");
+    }
+  }
+}
+
 TEST_F(Replays, OfShadingAreInTheOrderOfTheCalls) {
   stageAll(kImage);
   const auto shading = [](int index) {
@@ -291,16 +322,6 @@ TEST_F(Replays, OfShadingAreInTheOrderOfTheCalls) {
   }
 }
 
-/// `text` with `by` for what stands from the first `from` to the next `to`; all of it where
-/// these are empty.
-std::string edited(std::string text, const std::string& from, const std::string& to,
-                   const std::string& by) {
-  if (from.empty()) return by;
-  const std::size_t begin = text.find(from), end = text.find(to, begin + from.size());
-  if (end == text.npos) return "there is no " + from;
-  return text.replace(begin, end + to.size() - begin, by);
-}
-
 /// A capture that somebody has edited, or that is damaged: what a readback makes of it is due.
 TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
   const struct {
@@ -309,7 +330,7 @@ TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
   } kRows[] = {
       // The same float in other words; digits that no file holds.
       {"AE_AECData", "<LuxIndex>", "<", "<LuxIndex> +8.0<"},
-      {"AE_AECData", "<LuxIndex>", "<", "<LuxIndex>0.123456789012345678<"},
+      {"AE_AECData", "<LuxIndex>", "<", "<LuxIndex>1023.00006<"},
       {"AWB_AECData", "<BETemplateMatrix>", "<", "<BETemplateMatrix>1.0 2e0 .3 0.12345678 <"},
       {"LSC", "<rGain>", " ", "<rGain>1.00000049 "},
       {"ZOAWB_LightSrcClassify", "<firstCTValue>", "<", "<firstCTValue>nan<"},
@@ -317,6 +338,7 @@ TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
       {"AE_AECData", "<DrcGain>", "</DrcGain>", ""},
       {"AWB_AECData", " luxIndex=\"", "\"", ""},
       {"AWB_AECData", " luxIndex=\"", "\"", " luxIndex=\"bright\""},
+      {"AWB_AECData", " AECSettled=\"", "\"", " AECSettled=\"256\""},
       {"AWB_ExtExposure", "<frameLuma>", "<", "<frameLuma>dark<"},
       {"AWB_ParsedAWBStatsOutput", "<GBCount>", "</GBCount>", "",
        "not fed: GBCount is missing: nothing of it is replayed"},
@@ -338,6 +360,7 @@ TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
       {"AWB_ExtensionInfo", "", "", "of eight",
        "not fed: it is shorter than the live record, which stays as it is"},
       {"AWB_TuningMode", "", "", "short", "not replayed: the live sensor mode was another one"},
+      {"AWB_TuningMode", "", "40 bytes", ""},
       {"AWB_CVPTransformData", "", "", "short"},
       {"FACE_FDResult", "", "", "short"},
       {"ACB_acb", "", "", "short"},

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "simrec/diagnosis.h"
+#include "tests/simrec/edited.h"
 #include "tests/support/all_records.h"
 
 namespace {
@@ -55,11 +56,15 @@ struct Verdicts : testing::Test {
     return recordNamed(name.substr(name.find("For") + 3));
   }
 
-  std::string verdictOf(const std::string& file, const std::string& bytes) {
+  std::vector<Finding> findingsIn(const std::string& file, const std::string& bytes) {
     fs::remove_all(kCamera + "IMG");
     fs::create_directory(kCamera + "IMG");
     writeFile(kCamera + "IMG/" + file, bytes);
-    for (const Finding& finding : doctor.examine({"IMG", kCamera + "IMG"})) {
+    return doctor.examine({"IMG", kCamera + "IMG"});
+  }
+
+  std::string verdictOf(const std::string& file, const std::string& bytes) {
+    for (const Finding& finding : findingsIn(file, bytes)) {
       if (finding.file == file) return nameOf(finding.readback);
     }
     return "whole";
@@ -89,19 +94,21 @@ struct Verdicts : testing::Test {
     return told;
   }
 
+  static std::string soundFile(const RecordOperation& record, const std::string& file) {
+    std::string data = record.memory(9);
+    clearCameraData();
+    Simulation::m_LscIndex.clear();
+    record.run(0, data.data());
+    for (const std::string& name : tree()) {
+      if (fs::path(name).filename() == file) return readFile(kCamera + name);
+    }
+    return "";
+  }
+
   /// What it replaces of a sound file of that name.
   const std::string& soundlyToldBy(const RecordOperation& record, const std::string& file) {
     std::string& told = sound[file];
-    if (told.empty()) {
-      std::string data = record.memory(9);
-      clearCameraData();
-      Simulation::m_LscIndex.clear();
-      record.run(0, data.data());
-      for (const std::string& name : tree()) {
-        const std::string path = kCamera + name;
-        if (fs::path(name).filename() == file) told = toldBy(record, file, readFile(path));
-      }
-    }
+    if (told.empty()) told = toldBy(record, file, soundFile(record, file));
     return told;
   }
 
@@ -205,6 +212,45 @@ TEST_F(Verdicts, OnKeptInputsAreTheLibrarys) {
   }
   for (const auto& [verdict, count] : seen)
     std::cout << "seen: " << verdict << ' ' << count << '\n';
+}
+
+/// What a user reads of files that the library itself has dumped, as they are and with one change.
+TEST_F(Verdicts, AreToldInWords) {
+  const std::string longer(999, 'x');
+  for (const RecordOperation& record : kAllRecords) {
+    const std::string file = std::string("simulation_") + record.file;
+    EXPECT_TRUE(findingsIn(file, soundFile(record, file)).empty()) << file;
+  }
+  const struct {
+    const char *record, *from, *to, *by, *due;
+  } kRows[] = {
+      {"ZOAWBPureColorRes", "Confid>", "<", "Confid>1e-45<",
+       "error: singlePureColorConfid is denormal: no conversion takes it (throws)"},
+      {"QsegImageData", "<requestId>", "<", "<requestId>9223372036854775808<",
+       "error: requestId is 2^63 or more: no conversion takes it (throws)"},
+      {"QsegImageData", "<requestId>", "<", "<requestId>9223372036854775807<", ""},
+      {"ZOAWBSyncInfo", "<syncinfo>", "<", "<syncinfo>x<",
+       "error: syncinfo: \"x\" is no number (throws)"},
+      {"AECData", "</DrcGain>", "<", "<",
+       "error: an element is not closed, or by another's name (line 7) (none)"},
+      {"AECData", "<DrcGain>", "</DrcGain>", "", "warning: DrcGain is missing (partly)"},
+      {"AWBTuningMode", "", "59", "", "warning: 59 bytes instead of 60: zeros fill it up (whole)"},
+      {"AWBFaceROI", "", "59", "", "error: 59 bytes instead of 1784 (none)"},
+      {"AWBFrameControlData", "", "", longer.c_str(),
+       "warning: 999 bytes instead of 888: what follows the record is ignored (whole)"},
+      {"CVPTransformData", "", "", "", "error: empty (none)"},
+  };
+  for (const auto& [name, from, to, by, due] : kRows) {
+    SCOPED_TRACE(name + std::string(from));
+    const std::string file = std::string("simulation_") + recordNamed(name).file;
+    const std::string bytes = edited(soundFile(recordNamed(name), file), from, to, by);
+    std::string told;
+    for (const Finding& finding : findingsIn(file, bytes)) {
+      told += std::string(nameOf(finding.severity)) + ": " + finding.what + " (" +
+              nameOf(finding.readback) + ")";
+    }
+    EXPECT_EQ(told, due);
+  }
 }
 
 }  // namespace
