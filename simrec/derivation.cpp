@@ -15,6 +15,7 @@
 #include "simrec/record.h"
 #include "simrec/room.h"
 #include "simrec/selection.h"
+#include "simrec/staging.h"
 #include "simrec/text.h"
 #include "simrec/xml_writer.h"
 
@@ -157,6 +158,7 @@ std::vector<std::string> fill(const Draft& draft, const std::vector<File>& files
 std::vector<std::string> derive(const Store& store, const Derivation& derivation) {
   checkName(store, derivation.name);
   std::vector<File> files = Selection().of(filesOf(derivation.from));
+  leftOut(derivation.from, files);  // refuses what can't be looked at: a copy without it is none
   files.erase(std::remove_if(files.begin(), files.end(),
                              [](const File& file) { return file.type != FileType::kRegular; }),
               files.end());

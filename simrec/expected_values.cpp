@@ -3,9 +3,8 @@
 #include <simulation/records.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdlib>
+#include <stdexcept>
 #include <type_traits>
 
 #include "core/number_text.h"
@@ -30,11 +29,12 @@ Number floatNumber(float value) {
 /// The text is read as an integer of 64 bits, up to what is no digit, and 32 bits are kept.
 /// What does not begin as a number throws: the live one stays.
 Number wholeNumber(const Member& member, const Number& number, const Number& found) {
-  if (!std::isfinite(number.single)) return found;
-  std::array<char, simulation::kXmlFloatRoom + 1> text;
-  *simulation::writeXmlFloat(text.data(), number.single) = '\0';
-  const auto whole = static_cast<std::uint32_t>(std::strtoll(text.data(), nullptr, 10));
-  return throughText(static_cast<float>(whole), member.digits);
+  try {
+    const auto whole = static_cast<std::uint32_t>(simulation::toLongLong(number.text));
+    return throughText(static_cast<float>(whole), member.digits);
+  } catch (const std::logic_error&) {
+    return found;
+  }
 }
 
 /// One byte of the four; the others stay live.

@@ -13,12 +13,14 @@
 namespace simrec {
 
 /// One number. Of an integer type `integer` holds its bits (sign-extended); of kFloat `decimal`
-/// is what the text says, and `single` the float that it stands for.
+/// is what the text says, and `single` the float that it stands for. `text` is what an XML file
+/// has, in the document of the record that the number belongs to; else empty.
 struct Number {
   catalogue::Type type = catalogue::Type::kFloat;
   std::uint64_t integer = 0;
   double decimal = 0;
   float single = 0;
+  std::string_view text = {};
 
   bool isSigned() const { return type == catalogue::Type::kInt32; }
   bool isFloat() const { return type == catalogue::Type::kFloat; }
@@ -38,7 +40,7 @@ double shortestDecimal(float value);
 template <typename Item>
 Number numberOf(Item value) {
   if constexpr (std::is_same_v<Item, float>) {
-    return {catalogue::Type::kFloat, 0, shortestDecimal(value), value};
+    return {catalogue::Type::kFloat, 0, shortestDecimal(value), value, {}};
   } else {
     static_assert(std::is_unsigned_v<Item>);
     return {catalogue::Type::kUint64, value};

@@ -105,12 +105,14 @@ class Reader {
       if (text == "true") text = "1";
       if (text == "false") text = "0";
     }
-    auto number = parseNumber(text, member.type);
-    if (const auto* const problem = std::get_if<std::string>(&number)) {
+    auto parsed = parseNumber(text, member.type);
+    if (const auto* const problem = std::get_if<std::string>(&parsed)) {
       tell(path + ": " + *problem);
       return std::nullopt;
     }
-    return Value{&member, std::get<Number>(number)};
+    Number& number = std::get<Number>(parsed);
+    number.text = text;
+    return Value{&member, number};
   }
 
   static bool isKnown(const Members& members, const char* name, Carrier carrier) {

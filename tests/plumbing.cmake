@@ -21,6 +21,12 @@ if(SIMULATION_SIMREC)
             "-D EMULATOR=${CMAKE_CROSSCOMPILING_EMULATOR}"
             -P ${CMAKE_CURRENT_LIST_DIR}/simrec/help.cmake)
 endif()
+if(SIMULATION_SIMREC AND TARGET capture_session)
+  add_test(NAME operators_way
+    COMMAND ${CMAKE_CURRENT_LIST_DIR}/simrec/operators_way.sh
+            ${CMAKE_CURRENT_BINARY_DIR}/operators_way $<TARGET_FILE:capture_session>
+            $<TARGET_FILE:simrec_program> ${CMAKE_CROSSCOMPILING_EMULATOR})
+endif()
 
 # The consumer is built as this build is: same compiler, flags and emulator.
 set(consumer_settings "")

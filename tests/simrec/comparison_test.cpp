@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "simrec/json.h"
+#include "simrec/verification.h"
 #include "tests/simrec/temp_folder.h"
 
 namespace {
@@ -67,6 +68,8 @@ const Row kRows[] = {
     // The same float in other words; other words around it.
     {kExposure, exposure("0.1", "1", "5"), exposure("0.10000000149", " 1", "5", "1 2  3 4"),
      "same"},
+    {kExposure, exposure("8", "1", "5", "8 .5 1e2 -3 "),
+     exposure("8.0", "+1", " 5 ", "8.0 0.50 100 -3.0 "), "same"},
     {kExposure, exposure("nan", "1", "5", "nan inf 0 1e-45 "),
      exposure("-NAN", "1", "5", "nan inf -0 1.4e-45 "), "same"},
     {kExposure,
@@ -168,25 +171,37 @@ TEST(SimrecComparison, PairsWhatStandsForTheSame) {
     }
     return files;
   };
-  std::string text;
-  for (const RecordPair& pair :
-       pairRecords(filesOf({"LSC[x]_index[10]_ev[0].xml", "LSC[x]_index[9]_ev[0].xml",
-                            "LSC[x]_index[1]_ev[1].xml", "AE_AECData_camId[0]_ev[0].xml"}),
-                   filesOf({"LSC[x]_index[4]_ev[0].xml", "LSC[x]_index[5]_ev[0].xml",
-                            "LSC[y]_index[1]_ev[1].xml", "AE_AECData_camId[0]_ev[0].xml",
-                            "AE_AECData_camId[1]_ev[0].xml", "foreign.xml"}))) {
-    const auto shown = [](const std::optional<File>& file) {
-      return file ? file->name.substr(11, file->name.size() - 15) : "none";
-    };
-    text += shown(pair.a) + " = " + shown(pair.b) + "\n";
+  const auto a = filesOf({"LSC[x]_index[10]_ev[0].xml", "LSC[x]_index[9]_ev[0].xml",
+                          "LSC[x]_index[1]_ev[1].xml", "AE_AECData_camId[0]_ev[0].xml"});
+  const auto b = filesOf({"LSC[x]_index[11]_ev[0].xml", "LSC[x]_index[5]_ev[0].xml",
+                          "LSC[x]_index[4]_ev[0].xml", "LSC[y]_index[1]_ev[1].xml",
+                          "AE_AECData_camId[0]_ev[-1].xml", "AE_AECData_camId[0]_ev[0].xml",
+                          "AE_AECData_camId[1]_ev[0].xml", "foreign.xml"});
+  const auto shown = [](const File* file) {
+    return file != nullptr ? file->name.substr(11, file->name.size() - 15) : "none";
+  };
+  std::string paired, answered;
+  for (const RecordPair& pair : pairRecords(a, b)) {
+    paired +=
+        shown(pair.a ? &*pair.a : nullptr) + " = " + shown(pair.b ? &*pair.b : nullptr) + "\n";
   }
-  EXPECT_EQ(text,
+  EXPECT_EQ(paired,
+            "none = AE_AECData_camId[0]_ev[-1]\n"
             "AE_AECData_camId[0]_ev[0] = AE_AECData_camId[0]_ev[0]\n"
             "none = AE_AECData_camId[1]_ev[0]\n"
             "LSC[x]_index[10]_ev[0] = LSC[x]_index[5]_ev[0]\n"
+            "none = LSC[x]_index[11]_ev[0]\n"
             "LSC[x]_index[1]_ev[1] = none\n"
             "LSC[x]_index[9]_ev[0] = LSC[x]_index[4]_ev[0]\n"
             "none = LSC[y]_index[1]_ev[1]\n");
+  const std::vector<const File*> answers = answering(a, b);
+  for (std::size_t i = 0; i < a.size(); ++i)
+    answered += shown(&a[i]) + " = " + shown(answers[i]) + "\n";
+  EXPECT_EQ(answered,
+            "LSC[x]_index[10]_ev[0] = LSC[x]_index[5]_ev[0]\n"
+            "LSC[x]_index[9]_ev[0] = LSC[x]_index[4]_ev[0]\n"
+            "LSC[x]_index[1]_ev[1] = none\n"
+            "AE_AECData_camId[0]_ev[0] = AE_AECData_camId[0]_ev[0]\n");
 }
 
 }  // namespace

@@ -1,11 +1,12 @@
-// What staging, unstaging and pruning leave when the file system lets them down, when the capture
-// vanishes and when they are killed: at each of their calls in turn, and at any time.
+// What staging, unstaging, pruning and setting leave when the file system lets them down, when the
+// capture vanishes and when they are killed: at each of their calls in turn, and at any time.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/mman.h>
+#include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -65,6 +66,13 @@ bool fails() { return strikes(false); }
 #define NEXT(name) reinterpret_cast<decltype(&name)>(dlsym(RTLD_NEXT, #name))
 #define FAULTY extern "C" __attribute__((visibility("default")))
 
+FAULTY int open(const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const unsigned int mode = (flags & O_CREAT) != 0 ? va_arg(arguments, unsigned int) : 0;
+  va_end(arguments);
+  return fails() ? -1 : NEXT(open)(path, flags, mode);
+}
 FAULTY int openat(int folder, const char* path, int flags, ...) {
   va_list arguments;
   va_start(arguments, flags);
@@ -96,6 +104,8 @@ FAIL_AS(-1, int, unlinkat, (int f, const char* name, int how), (f, name, how), n
 FAIL_AS(-1, int, renameat, (int f, const char* n, int t, const char* m), (f, n, t, m), noexcept)
 FAIL_AS(-1, int, renameat2, (int f, const char* n, int t, const char* m, unsigned int how),
         (f, n, t, m, how), noexcept)
+FAIL_AS(-1, int, fchmod, (int f, mode_t mode), (f, mode), noexcept)
+FAIL_AS(-1, ssize_t, sendfile, (int t, int f, off_t* at, size_t n), (t, f, at, n), noexcept)
 FAIL_AS(-1, int, fsync, (int f), (f), )
 FAIL_AS(-1, int, syncfs, (int f), (f), noexcept)
 FAIL_AS(-1, int, flock, (int f, int how), (f, how), noexcept)
@@ -111,7 +121,8 @@ using Command = std::vector<std::string>;
 
 const Command kStageA = {"stage", "IMG_A", "--lsc-repeat", "4"}, kStageB = {"stage", "IMG_B"},
               kUnstage = {"unstage"},
-              kPrune = {"prune", "--keep", "1", "--leftovers", "--older", "1h", "--yes"};
+              kPrune = {"prune", "--keep", "1", "--leftovers", "--older", "1h", "--yes"},
+              kSet = {"set", "IMG_A", "IMG_set", "ZOAWB_SyncInfo.syncinfo=7"};
 
 struct Case {
   const char* name;
@@ -126,7 +137,10 @@ const Case kCases[] = {
     {"StageAgain", {kStageB}, kStageA, true},
     {"Unstage", {kStageA}, kUnstage, true},
     {"Prune", {}, kPrune, false, true},
+    {"Set", {kStageB}, kSet, true},
 };
+
+constexpr char kSync[] = "simulation_ZOAWB_SyncInfo_camId[0].xml";
 
 /// What prune takes may be gone; everything else, and every one of its captures that is
 /// still there, is as it was.
@@ -138,9 +152,37 @@ void forgetPruned(Picture& found, Picture& expected) {
   }
 }
 
-/// What kPrune takes is old enough for it.
+/// What kSet makes of IMG_A, but for its own file, which tells the time.
+Picture newCapture() {
+  Picture made;
+  for (const auto& [name, content] : contents()) {
+    if (name.rfind("IMG_A/", 0) == 0) made[name.substr(6)] = content;
+  }
+  made[kSync] = "<AWBsyncInfo>\n    <syncinfo>7</syncinfo>\n</AWBsyncInfo>\n";
+  return made;
+}
+
+/// What kSet made is there as a whole or not at all; then it goes. Whether it was there.
+bool takeNewCapture(const Picture& whole) {
+  if (!fs::exists(kData + "IMG_set")) return false;
+  Picture found;
+  for (const auto& [name, content] : contents()) {
+    if (name.rfind("IMG_set/", 0) == 0) found[name.substr(8)] = content;
+  }
+  EXPECT_NE(found[".simrec.json"].find(".syncinfo=7\"],\"made\":\""), std::string::npos);
+  found.erase(".simrec.json");
+  EXPECT_EQ(found.size(), whole.size());
+  for (const auto& [name, content] : found) {
+    EXPECT_TRUE(whole.count(name) == 1 && whole.at(name) == content) << name;
+  }
+  fs::remove_all(kData + "IMG_set");
+  return true;
+}
+
+/// What kPrune takes is old enough for it, and kSet finds something to change.
 Picture fillOld() {
   fill();
+  put(kData + "IMG_A/" + kSync, "<AWBsyncInfo><syncinfo>3</syncinfo></AWBsyncInfo>");
   for (const char* capture : {"IMG_A/", "tmp/RequestID[57]_camId[0]/"}) {
     for (const auto& file : fs::directory_iterator(kData + capture)) age(file.path(), 9000);
   }
@@ -151,6 +193,7 @@ struct StagingFaults : testing::TestWithParam<Case> {
   void prepare() {
     origin = fillOld();
     known = contents();
+    made = newCapture();
     for (const Command& command : row.before) ASSERT_EQ(simrec(command).status, 0);
     if (row.edits) put(kData + kEdited, "what a user made of it");
   }
@@ -186,13 +229,14 @@ struct StagingFaults : testing::TestWithParam<Case> {
   static constexpr char kEdited[] = "simulation_AE_AECData_camId[0]_ev[0].xml";
   std::error_code noFolder;
   const Case& row = GetParam();
-  Picture origin, known;
+  Picture origin, known, made;
 };
 
 TEST_P(StagingFaults, EveryCallMayFailOrBeTheLast) {
   prepare();
   const Outcome clean = simrec(row.command);
   ASSERT_EQ(clean.status, 0) << clean.err;
+  EXPECT_EQ(takeNewCapture(made), row.command == kSet);
   const Picture done = contents();
   for (const auto& each : kFaults) {
     for (failing = 1, calls = 0; failing <= calls + kStep && !HasFailure(); failing += kStep) {
@@ -202,6 +246,7 @@ TEST_P(StagingFaults, EveryCallMayFailOrBeTheLast) {
       prepare();
       const Outcome outcome =
           simrec(row.command, [&] { fault = each, failing = number, calls = grown = 0; });
+      const bool sets = takeNewCapture(made);
       if (each.kind == Kind::kGrows) {
         EXPECT_EQ(fs::remove(kNewFile), grown == 1);
       }
@@ -209,6 +254,7 @@ TEST_P(StagingFaults, EveryCallMayFailOrBeTheLast) {
         EXPECT_EQ(outcome.status, number <= calls ? -1 : 0);
       } else if (!isRefusal(outcome) && !(row.prunes && each.kind == Kind::kGrows)) {
         EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_EQ(sets, row.command == kSet);
         // What has vanished need not be pruned any more.
         if (fs::exists(kHidden))
           row.prunes ? fs::remove_all(kHidden) : (fs::rename(kHidden, kCapture), 0);
@@ -229,12 +275,12 @@ INSTANTIATE_TEST_SUITE_P(All, StagingFaults, testing::ValuesIn(kCases),
 TEST(StagingKills, KilledAnyTimeAndAgain) {
   constexpr int kKills = SIMULATION_SLOW_TESTS ? 40 : 200;
   std::mt19937 random(20261123);
-  std::uniform_int_distribution<unsigned int> patience(0, 6000), command(0, 3);
-  const Command commands[] = {kStageA, kStageB, kUnstage, kPrune};
-  Picture origin;
+  std::uniform_int_distribution<unsigned int> patience(0, 6000), command(0, 4);
+  const Command commands[] = {kStageA, kStageB, kUnstage, kPrune, kSet};
+  Picture origin, made;
   int killed = 0;
   for (int runs = 0; killed < kKills && runs < 50 * kKills && !HasFailure(); ++runs) {
-    if (!fs::exists(kCapture)) origin = fillOld();
+    if (!fs::exists(kCapture)) origin = fillOld(), made = newCapture();
     const Outcome outcome = simrec(
         commands[command(random)], [] {},
         [&](pid_t child) {
@@ -242,6 +288,7 @@ TEST(StagingKills, KilledAnyTimeAndAgain) {
           kill(child, SIGKILL);
         });
     killed += outcome.status == -1;
+    takeNewCapture(made);
     if (runs % 3 != 0 && fs::exists(kCapture)) continue;
     ASSERT_EQ(simrec(kUnstage).status, 0);
     Picture found = picture(), expected = origin;

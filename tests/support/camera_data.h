@@ -24,16 +24,19 @@ inline const std::string kImageFolder = "IMG_0001/";
 
 using Names = std::vector<std::string>;
 
+void clearCameraData();
+
 class CameraDataTest : public testing::Test {
  protected:
-  CameraDataTest();
+  CameraDataTest() {
+    clearCameraData();
+    takeLog();
+  }
 };
 
 inline Simulation& sim() { return *SimulationMgr::getInstance(); }
 
 SimulationInfo infoFor(std::uint32_t mode, const char* folderName = "IMG_0001");
-
-void clearCameraData();
 
 void writeFile(const std::string& path, const std::string& bytes);
 std::string readFile(const std::string& path);

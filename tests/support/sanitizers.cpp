@@ -7,7 +7,8 @@ SANITIZER_HOOK __lsan_default_suppressions();
 SANITIZER_HOOK __lsan_default_suppressions() {
   return "leak:ExtExposure\n"
          "leak:readQsegImageData\n"
-         "leak:FlatRecord\n";
+         "leak:FlatRecord\n"
+         "leak:CamxCalloc\n";
 }
 SANITIZER_HOOK __asan_default_options();
 SANITIZER_HOOK __asan_default_options() { return "fast_unwind_on_malloc=0"; }
