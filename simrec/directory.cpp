@@ -128,6 +128,27 @@ void Directory::checkWritable() const {
   if (faccessat(get(), ".", W_OK | X_OK, AT_EACCESS) != 0) fail(".");
 }
 
+void Directory::checkRemovable(const std::vector<std::string>& names) const {
+  checkWritable();
+  struct statx found;
+  const auto looks = [&](const std::string& name) {
+    constexpr unsigned int kWanted = STATX_UID | STATX_MODE;
+    return statx(get(), name.c_str(), AT_SYMLINK_NOFOLLOW, kWanted, &found) == 0;
+  };
+  if (!looks(".")) fail(".");
+  const uid_t user = geteuid();
+  const bool anybody = user == 0 || found.stx_uid == user || (found.stx_mode & S_ISVTX) == 0;
+  for (const std::string& name : names) {
+    if (!looks(name)) {
+      if (errno == ENOENT) continue;
+      fail(name);
+    }
+    errno = EPERM;
+    if (!anybody && found.stx_uid != user) fail(name);
+    if ((found.stx_attributes & (STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND)) != 0) fail(name);
+  }
+}
+
 void Directory::fail(const std::string& name) const {
   throw Error((name == "." ? path_ : pathOf(name)) + ": " + std::strerror(errno));
 }

@@ -57,6 +57,8 @@ class Directory {
 
   /// Throws where entries can't be made and moved here.
   void checkWritable() const;
+  /// Throws where one of these entries can't be moved or deleted, as far as that can be known.
+  void checkRemovable(const std::vector<std::string>& names) const;
 
   [[noreturn]] void fail(const std::string& name) const;
 

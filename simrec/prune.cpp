@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <tuple>
 
 #include "simrec/error.h"
@@ -24,6 +25,14 @@ bool isOlder(const Prunable& found, std::int64_t age, std::int64_t now) {
 }
 
 bool isRequest(const Capture& capture) { return capture.kind == CaptureKind::kRequest; }
+
+/// Whether a prune that was killed has begun to take it away.
+bool isBegun(const Capture& capture) { return capture.kind == CaptureKind::kFolder; }
+
+/// Its folder's name.
+std::string nameOf(const Capture& capture) {
+  return capture.path.substr(capture.path.rfind('/') + 1);
+}
 
 Prunable measure(const Capture& capture) {
   Prunable result = {capture};
@@ -149,22 +158,55 @@ void giveBack(const Directory& bin, const std::string& name, const Directory& pa
   throw Error(path + ": has changed meanwhile, and stays");
 }
 
+/// False where it has changed meanwhile.
+bool deleteWhole(const Contents& contents, const Directory& folder, const Directory& holder,
+                 const std::string& name) {
+  if (!(contentsOf(folder) == contents)) return false;
+  removeAll(contents, folder);
+  if (holder.removeIfEmpty(name)) return true;
+  if (errno != ENOTEMPTY) holder.fail(name);
+  return false;
+}
+
+bool isWhole(const Directory& folder, const Contents& contents) {
+  try {
+    return contentsOf(folder) == contents;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
 /// Of a folder with nothing but records in it. Whoever writes into it may do so until it has moved,
 /// and into the moved one where the file was being made just then: such a file is not lost.
 void takeWhole(const Contents& contents, const Directory& folder, const Directory& parent,
                const std::string& name, const Directory& bin) {
   const bool away = moveAway(parent, name, bin);
-  const bool same = !away || contentsOf(folder) == contents;
-  if (same) removeAll(contents, folder);
-  const Directory& holder = away ? bin : parent;
-  if (same && holder.removeIfEmpty(name)) return;
-  if (same && errno != ENOTEMPTY) holder.fail(name);
+  try {
+    if (deleteWhole(contents, folder, away ? bin : parent, name)) return;
+  } catch (const Error& error) {
+    if (!away) throw;
+    if (!isWhole(folder, contents)) {
+      throw Error(std::string(error.what()) + "; what is left of it is in " + bin.pathOf(name) +
+                  ", and goes with the next prune or unstage");
+    }
+    giveBack(bin, name, parent);
+    throw;
+  }
   if (away) giveBack(bin, name, parent);
   leaveChanged(parent.pathOf(name));
 }
 
+/// What a prune that was killed has left of a capture.
+void finish(const Room& room, const std::string& name) {
+  const auto bin = room.folder().find(kPrunedFolder);
+  const auto folder = bin ? bin->find(name) : std::nullopt;
+  if (!folder) return;
+  removeAll(contentsOf(*folder), *folder);
+  if (!bin->removeIfEmpty(name) && errno != ENOTEMPTY) bin->fail(name);
+}
+
 void take(const Directory& parent, const Prunable& chosen, const Room& room) {
-  const std::string name = chosen.capture.path.substr(chosen.capture.path.rfind('/') + 1);
+  const std::string name = nameOf(chosen.capture);
   const auto folder = parent.find(name);
   if (!folder) return;
   const Contents contents = contentsOf(*folder);
@@ -174,10 +216,63 @@ void take(const Directory& parent, const Prunable& chosen, const Room& room) {
   takeWhole(contents, *folder, parent, name, room.folder().make(kPrunedFolder));
 }
 
+/// The folder that a capture's is in.
+std::optional<Directory> parentOf(const Capture& capture, const Directory& data) {
+  if (isRequest(capture)) return data.find(std::string(catalogue::kTmpFolder));
+  if (!isBegun(capture)) return data;
+  const auto room = data.find(kJournalFolder);
+  return room ? room->find(kPrunedFolder) : std::nullopt;
+}
+
 void take(const Prunable& chosen, const Room& room) {
-  if (!isRequest(chosen.capture)) return take(room.data(), chosen, room);
-  const auto tmp = room.data().find(std::string(catalogue::kTmpFolder));
-  if (tmp) take(*tmp, chosen, room);
+  if (isBegun(chosen.capture)) return finish(room, nameOf(chosen.capture));
+  if (const auto parent = parentOf(chosen.capture, room.data())) take(*parent, chosen, room);
+}
+
+/// Whether it can go, as far as that can be known: else it would be left half deleted.
+bool isRemovable(const Prunable& chosen, const Directory& data, const Trouble& trouble) {
+  try {
+    const std::string name = nameOf(chosen.capture);
+    const auto parent = parentOf(chosen.capture, data);
+    const auto folder = parent ? parent->find(name) : std::nullopt;
+    if (!folder) return true;
+    const Contents contents = contentsOf(*folder);
+    std::vector<std::string> names;
+    for (const auto& record : contents.records) names.push_back(record.second);
+    folder->checkRemovable(names);
+    if (contents.alone) parent->checkRemovable({name});
+    return true;
+  } catch (const Error& error) {
+    trouble(error.what());
+    return false;
+  }
+}
+
+/// Those of a prune that was killed.
+std::vector<Prunable> begunIn(const Directory& data) {
+  std::vector<Prunable> begun;
+  const auto room = data.find(kJournalFolder);
+  if (!room) return begun;
+  for (const std::string& name : halfPruned(*room)) {
+    const std::string path = std::string(kJournalFolder) + "/" + kPrunedFolder + "/" + name;
+    begun.push_back(measure({path, data.pathOf(path)}));
+  }
+  return begun;
+}
+
+void append(std::vector<Prunable> more, std::vector<Prunable>& all) {
+  all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+std::vector<Prunable> leftoversIn(const std::vector<Capture>& captures, std::int64_t age,
+                                  std::int64_t now, const Trouble& trouble) {
+  for (const Capture& capture : captures) {  // stands for requests that nobody can tell
+    if (isRequest(capture) && !capture.request) throw Error(capture.path + ": can't be read");
+  }
+  std::vector<Prunable> requests = measured(captures, CaptureKind::kRequest, trouble);
+  const auto isYoung = [&](const Prunable& request) { return !isOlder(request, age, now); };
+  requests.erase(std::find_if(requests.begin(), requests.end(), isYoung), requests.end());
+  return requests;
 }
 
 }  // namespace
@@ -185,27 +280,26 @@ void take(const Prunable& chosen, const Room& room) {
 std::vector<Prunable> chosenBy(const PruneWishes& wishes, const Store& store, std::int64_t now,
                                const Trouble& trouble) {
   const std::vector<Capture> captures = store.captures();
-  std::vector<Prunable> chosen;
+  const Directory data(store.data());
+  std::vector<Prunable> chosen = begunIn(data);
   if (wishes.older || wishes.keep || wishes.maxBytes) {
-    chosen = measured(captures, CaptureKind::kImage, trouble);
-    chosen.resize(chosenOf(chosen, wishes, now));
+    std::vector<Prunable> images = measured(captures, CaptureKind::kImage, trouble);
+    images.resize(chosenOf(images, wishes, now));
+    append(std::move(images), chosen);
   }
-  if (!wishes.leftovers) return chosen;
-  for (const Capture& capture : captures) {  // stands for requests that nobody can tell
-    const bool unread = capture.kind == CaptureKind::kRequest && !capture.request;
-    if (unread) throw Error(capture.path + ": can't be read");
+  if (wishes.leftovers) {
+    append(leftoversIn(captures, wishes.older.value_or(kLeftoverAge), now, trouble), chosen);
   }
-  for (Prunable& request : measured(captures, CaptureKind::kRequest, trouble)) {
-    if (!isOlder(request, wishes.older.value_or(kLeftoverAge), now)) break;
-    chosen.push_back(std::move(request));
-  }
+  if (chosen.empty()) return chosen;
+  checkWorkable(data);
+  const auto stays = [&](const Prunable& each) { return !isRemovable(each, data, trouble); };
+  chosen.erase(std::remove_if(chosen.begin(), chosen.end(), stays), chosen.end());
   return chosen;
 }
 
 void prune(const std::vector<Prunable>& chosen, const Store& store, const Trouble& trouble,
            const std::function<void()>& step) {
   const Room room(store.data());
-  finishPruning(room);
   for (const Prunable& each : chosen) {
     try {
       take(each, room);
@@ -231,11 +325,7 @@ std::vector<std::string> halfPruned(const Directory& room) {
 }
 
 void finishPruning(const Room& room) {
-  for (const std::string& name : halfPruned(room.folder())) {
-    const Directory bin = room.folder().make(kPrunedFolder), folder = bin.make(name);
-    removeAll(contentsOf(folder), folder);
-    bin.removeIfEmpty(name);
-  }
+  for (const std::string& name : halfPruned(room.folder())) finish(room, name);
 }
 
 }  // namespace simrec

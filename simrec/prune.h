@@ -2,8 +2,9 @@
 //
 // A folder with nothing else in it first moves into simrec's own one, at once, and is deleted
 // there: killed at any moment, a capture is whole or gone, and what is left in there goes with the
-// next prune or unstage. In a folder with other files in it records go one by one, the newest last,
-// so that the capture is as old as it was until it is gone.
+// next prune or unstage; what can't be deleted moves back, but for one of which a part is gone. In
+// a folder with other files in it records go one by one, the newest last, so that the capture is as
+// old as it was until it is gone.
 #pragma once
 
 #include <cstdint>
@@ -37,8 +38,9 @@ struct PruneWishes {
 
 using Trouble = std::function<void(const std::string& why)>;
 
-/// Oldest first, images before requests. Folders that can't be read are none, and told to
-/// `trouble`; links to folders are left alone, since what they lead to is elsewhere.
+/// What a prune that was killed has begun to take away, whatever the wishes; images; requests; each
+/// oldest first. Folders that can't be read, and those that this user can't delete, are none, and
+/// told to `trouble`; links to folders are left alone, since what they lead to is elsewhere.
 std::vector<Prunable> chosenBy(const PruneWishes& wishes, const Store& store, std::int64_t now,
                                const Trouble& trouble);
 

@@ -28,6 +28,7 @@ struct Unit {
 constexpr std::int64_t kSecond = 1'000'000'000;
 constexpr Unit kAges[] = {
     {"s", kSecond}, {"m", 60 * kSecond}, {"h", 3600 * kSecond}, {"d", 86400 * kSecond}};
+constexpr Unit kCounts[] = {{"", 1}};
 constexpr Unit kSizes[] = {{"", 1}, {"K", 1 << 10}, {"M", 1 << 20}, {"G", 1 << 30}};
 
 template <std::size_t kCount>
@@ -45,6 +46,8 @@ std::optional<std::int64_t> in(const Unit (&units)[kCount], std::string_view tex
 }  // namespace
 
 std::optional<std::int64_t> ageFrom(std::string_view text) { return in(kAges, text); }
+
+std::optional<std::uint64_t> countFrom(std::string_view text) { return in(kCounts, text); }
 
 std::optional<std::uint64_t> sizeFrom(std::string_view text) { return in(kSizes, text); }
 

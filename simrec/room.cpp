@@ -8,6 +8,7 @@
 #include <cerrno>
 
 #include "simrec/error.h"
+#include "simrec/journal.h"
 #include "simrec/store.h"
 
 namespace simrec {
@@ -30,6 +31,25 @@ std::string holderOf(const simulation::FileDescriptor& lock) {
   return "";
 }
 
+/// Where something may be half done: all but the files that the journal names.
+std::vector<std::string> draftsIn(const Directory& room) {
+  const auto journal = readJournal(room, kJournal);
+  std::vector<std::string> names = {kDraftFolder};
+  for (const int folder : {0, 1}) {
+    if (journal && journal->folder == folder) continue;
+    names.emplace_back(kNewFolders[static_cast<std::size_t>(folder)]);
+  }
+  return names;
+}
+
+bool hasFiles(const Directory& folder) {
+  const std::vector<std::string> names = folder.names();
+  return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+    const auto status = folder.look(name);
+    return status && !S_ISDIR(status->st_mode);
+  });
+}
+
 [[noreturn]] void refuse(const Directory& data, const simulation::FileDescriptor& lock) {
   throw Error("another simrec" + holderOf(lock) + " is at work on " + data.path());
 }
@@ -39,16 +59,21 @@ std::string holderOf(const simulation::FileDescriptor& lock) {
 Room::Room(const std::string& data) : data_(data) {
   try {
     // Whoever has just left may take folder or lock away while we take hold of them.
-    for (int attempt = 0; attempt < 100; ++attempt) {
-      if (!lock()) continue;
-      deleteFolder(*folder_, kDraftFolder);
-      return;
+    for (int attempt = 1; !lock(); ++attempt) {
+      if (attempt == 100) {
+        throw Error(data_.pathOf(kJournalFolder) + ": others come and go too fast");
+      }
     }
+    deleteFolder(*folder_, kDraftFolder);
   } catch (const Error&) {
     data_.removeIfEmpty(kJournalFolder);
     throw;
   }
-  throw Error(data_.pathOf(kJournalFolder) + ": others come and go too fast");
+  try {
+    sweep(*folder_);
+  } catch (const Error&) {
+    // Whom it is in the way of tells.
+  }
 }
 
 bool Room::lock() {
@@ -93,6 +118,26 @@ Room::~Room() {
   } catch (const Error&) {
     // The next one who works here tidies up.
   }
+}
+
+void checkWorkable(const Directory& data) {
+  data.checkWritable();
+  if (const auto room = data.find(kJournalFolder)) room->checkWritable();
+}
+
+std::vector<std::string> abandoned(const Directory& room) {
+  std::vector<std::string> names = draftsIn(room);
+  const auto isNone = [&](const std::string& name) {
+    const auto folder = room.find(name);
+    return !folder || !hasFiles(*folder);
+  };
+  names.erase(std::remove_if(names.begin(), names.end(), isNone), names.end());
+  return names;
+}
+
+void sweep(const Directory& room) {
+  room.remove(kNextJournal);
+  for (const std::string& name : draftsIn(room)) deleteFolder(room, name);
 }
 
 void deleteFolder(const Directory& parent, const std::string& name) {

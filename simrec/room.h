@@ -7,13 +7,14 @@
 //   aside         what stood in the data folder where staging put its files
 //   edited        staged files that somebody has edited since, kept for them
 //   pruned        captures that are being deleted
-//   draft         a new capture that is not whole yet; of a process that was killed: deleted by
-//                 the next one
+//   draft         a new capture that is not whole yet
+// What is half done and of a process that was killed is deleted by the next one.
 #pragma once
 
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "simrec/directory.h"
 
@@ -50,6 +51,16 @@ class Room {
 /// Throws Error where another process is at work in `data`, as Room does, and makes nothing: for
 /// dry runs, which would tell of something half done.
 void refuseWhileAnotherWorks(const Directory& data);
+
+/// Throws Error where a room can't be had or worked in, for dry runs as well.
+void checkWorkable(const Directory& data);
+
+/// The folders of simrec's with something half done in them, which a process that was killed has
+/// left and nobody needs. Throws Error where the journal can't be read.
+std::vector<std::string> abandoned(const Directory& room);
+
+/// Deletes them, as far as they are simrec's, and the journal that doesn't count yet.
+void sweep(const Directory& room);
 
 /// Deletes a folder of `parent`'s with all files in it; folders in that one are not simrec's: they
 /// stay, and so does it then. Throws Error.

@@ -66,7 +66,8 @@ void perform(const Change& change, const Directory& data, Folders& folders, cons
     case Deed::kBringBack:
       return folders.from(kAsideFolder).move(file, data, file);
     case Deed::kFinish:
-      break;  // finishPruning()
+    case Deed::kDiscard:
+      break;  // finishPruning(), sweep()
   }
 }
 
@@ -76,15 +77,6 @@ void perform(const std::vector<Change>& changes, const Room& room, const char* b
   Folders folders(room);
   for (const Change& change : changes) perform(change, room.data(), folders, beside);
   folders.sync();
-}
-
-/// What is beside or half written, and not the journal's.
-void sweep(const Room& room, const std::optional<Journal>& journal) {
-  room.folder().remove(kNextJournal);
-  for (const int folder : {0, 1}) {
-    if (journal && journal->folder == folder) continue;
-    deleteFolder(room.folder(), kNewFolders[static_cast<std::size_t>(folder)]);
-  }
 }
 
 std::vector<Change> stagingOf(const std::vector<Placement>& placements) {
@@ -121,7 +113,7 @@ std::vector<Change> exchange(const Room& room, const Journal& journal,
   append(arrival, stagingOf(placements));
   perform(arrival, room, besideOf(journal));
   append(changes, arrival);
-  sweep(room, journal);
+  sweep(room.folder());
   return changes;
 }
 
@@ -134,7 +126,7 @@ std::vector<Change> undo(const Room& room) {
   const std::vector<Change> back = plan.bringBack();
   perform(back, room);
   append(changes, back);
-  sweep(room, std::nullopt);
+  sweep(room.folder());
   return changes;
 }
 
@@ -154,12 +146,12 @@ std::vector<Change> stageReally(const Store& store, const Capture& capture,
                                 const std::vector<Placement>& placements, const Step& step) {
   const Room room(store.data());
   const auto staged = readJournal(room.folder(), kJournal);
-  sweep(room, staged);
+  sweep(room.folder());
   std::optional<Journal> journal;
   try {
     journal = prepare(room, capture, staged ? 1 - staged->folder : 0, placements, step);
   } catch (const std::exception&) {
-    sweep(room, staged);
+    sweep(room.folder());
     throw;
   }
   try {
@@ -169,10 +161,24 @@ std::vector<Change> stageReally(const Store& store, const Capture& capture,
   }
 }
 
-std::vector<Change> finishOf(const Directory& room) {
+/// What processes that were killed have left to be deleted.
+std::vector<Change> tidyingOf(const Directory& room) {
   std::vector<Change> changes;
   for (const std::string& name : halfPruned(room)) changes.push_back({Deed::kFinish, name});
+  for (const std::string& name : abandoned(room)) changes.push_back({Deed::kDiscard, name});
   return changes;
+}
+
+/// Throws where a dry run would promise what can't be.
+void checkMoves(const std::vector<Change>& changes, const Directory& data) {
+  checkWorkable(data);
+  std::vector<std::string> names;
+  for (const Change& change : changes) {
+    const bool moves = change.deed == Deed::kRemove || change.deed == Deed::kKeep ||
+                       change.deed == Deed::kSetAside;
+    if (moves) names.push_back(change.file);
+  }
+  data.checkRemovable(names);
 }
 
 /// Whether there is nothing in simrec's folder but what is the user's.
@@ -188,11 +194,11 @@ std::vector<Change> stage(const Store& store, const Capture& capture,
   if (placements.empty()) throw Error("there is nothing to stage in '" + capture.name + "'");
   if (doing == Doing::kReally) return stageReally(store, capture, placements, step);
   const Directory data(store.data());
-  data.checkWritable();
   refuseWhileAnotherWorks(data);
   StagingPlan plan(data, data.find(kJournalFolder));
   std::vector<Change> changes = plan.leave();
   append(changes, plan.setAside(placements));
+  checkMoves(changes, data);
   append(changes, stagingOf(placements));
   return changes;
 }
@@ -201,19 +207,20 @@ std::vector<Change> unstage(const Store& store, Doing doing) {
   const Directory data(store.data());
   const auto folder = data.find(kJournalFolder);
   if (!folder || isAtRest(*folder)) return {};
+  refuseWhileAnotherWorks(data);
+  const std::vector<Change> tidying = tidyingOf(*folder);
+  std::vector<Change> changes;
   if (doing == Doing::kReally) {
     const Room room(store.data());
-    std::vector<Change> changes = undo(room);
-    append(changes, finishOf(room.folder()));
+    changes = undo(room);
     finishPruning(room);
-    return changes;
+  } else {
+    StagingPlan plan(data, folder);
+    changes = plan.leave();
+    append(changes, plan.bringBack());
+    checkMoves(changes, data);
   }
-  data.checkWritable();
-  refuseWhileAnotherWorks(data);
-  StagingPlan plan(data, folder);
-  std::vector<Change> changes = plan.leave();
-  append(changes, plan.bringBack());
-  append(changes, finishOf(*folder));
+  append(changes, tidying);
   return changes;
 }
 
@@ -229,10 +236,12 @@ bool StagingStatus::isSound() const {
   });
 }
 
-StagingStatus stagingStatus(const Store& store) {
-  const Directory data(store.data());
-  const StagingPlan plan(data, data.find(kJournalFolder));
+namespace {
+
+StagingStatus statusOf(const Directory& data, const std::optional<Directory>& room) {
+  const StagingPlan plan(data, room);
   StagingStatus status;
+  if (room) status.tidying = tidyingOf(*room);
   status.interrupted = !plan.journal() && plan.hasAside();
   if (!plan.journal()) return status;
   status.staged = true;
@@ -246,6 +255,28 @@ StagingStatus stagingStatus(const Store& store) {
   std::sort(status.files.begin(), status.files.end(),
             [](const StagedFile& a, const StagedFile& b) { return a.name < b.name; });
   return status;
+}
+
+}  // namespace
+
+StagingStatus stagingStatus(const Store& store) {
+  const Directory data(store.data());
+  for (;;) {
+    refuseWhileAnotherWorks(data);
+    const auto room = data.find(kJournalFolder);
+    std::optional<StagingStatus> status;
+    try {
+      status = statusOf(data, room);
+    } catch (const Error&) {
+      refuseWhileAnotherWorks(data);  // which may be the reason
+      throw;
+    }
+    refuseWhileAnotherWorks(data);
+    // Others may have come and gone meanwhile.
+    const StagingPlan plan(data, data.find(kJournalFolder));
+    const std::int64_t since = plan.journal() ? plan.journal()->since : 0;
+    if (plan.journal().has_value() == status->staged && since == status->since) return *status;
+  }
 }
 
 }  // namespace simrec

@@ -58,6 +58,7 @@ enum class Deed {
   kStage,     ///< from the capture's file `other`
   kBringBack,  ///< what was set aside
   kFinish,     ///< taking away the capture `file`, which a prune that was killed has begun
+  kDiscard,    ///< simrec's own folder `file`, half done by a process that was killed
 };
 
 /// What was done, or would be, to the file of that name straight under the data folder.
@@ -76,7 +77,7 @@ std::vector<Change> stage(
     const Store& store, const Capture& capture, const std::vector<Placement>& placements,
     Doing doing, const Step& step = [] {});
 
-/// Nothing, where nothing is staged and no prune is to be finished.
+/// Nothing, where nothing is staged and nothing half done.
 std::vector<Change> unstage(const Store& store, Doing doing);
 
 enum class StagedState { kUntouched, kEdited, kGone };
@@ -95,10 +96,12 @@ struct StagingStatus {
   std::int64_t since = 0;         ///< nanoseconds since 1970
   std::vector<StagedFile> files;  ///< by name
   bool interrupted = false;       ///< staging or unstaging was ended on its way
+  std::vector<Change> tidying;    ///< what unstaging would delete besides
 
   bool isSound() const;
 };
 
+/// Throws Error where another simrec is at work, too: what it has half done is no answer.
 StagingStatus stagingStatus(const Store& store);
 
 }  // namespace simrec

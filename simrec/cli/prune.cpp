@@ -56,8 +56,10 @@ bool agrees(const std::vector<Prunable>& chosen) {
   if (isatty(STDIN_FILENO) != 1) throw Error("prune asks before it removes, or takes --yes");
   fmt::print(stderr, "Remove {}? [y/N] ", totalOf(chosen));
   std::string answer;
-  std::getline(std::cin, answer);
-  return answer == "y" || answer == "Y" || answer == "yes";
+  if (!std::getline(std::cin, answer)) fmt::print(stderr, "\n");
+  const bool agreed = answer == "y" || answer == "Y" || CLI::detail::to_lower(answer) == "yes";
+  if (!agreed) put("nothing is removed\n");
+  return agreed;
 }
 
 Status prune(const Options& options) {
@@ -68,7 +70,7 @@ Status prune(const Options& options) {
   const auto trouble = [&](const std::string& why) { troubles.add(why); };
   const std::vector<Prunable> chosen = chosenBy(options.wishes, store, now.count(), trouble);
   if (options.dryRun) {
-    putChosen(chosen);
+    if (!chosen.empty() || troubles.count == 0) putChosen(chosen);
   } else if (chosen.empty()) {
     if (troubles.count == 0) put("nothing to remove\n");
   } else if (!options.yes && !agrees(chosen)) {
@@ -99,8 +101,13 @@ void addPrune(CLI::App& app, const Shared& shared, Run& run) {
         return ageFrom(age) ? "" : "no age (30s, 10m, 8h, 7d): " + age;
       })
       ->type_name("AGE");
-  command.add_option("--keep", wishes.keep, "all images but the newest N; those never go")
-      ->check(CLI::NonNegativeNumber)
+  command
+      .add_option_function<std::string>(
+          "--keep", [&wishes](const std::string& count) { wishes.keep = countFrom(count); },
+          "all images but the newest N; those never go")
+      ->check([](const std::string& count) {
+        return countFrom(count) ? "" : "no number of images: " + count;
+      })
       ->type_name("N");
   command
       .add_option_function<std::string>(
@@ -114,10 +121,11 @@ void addPrune(CLI::App& app, const Shared& shared, Run& run) {
                    "requests in tmp whose newest file is older than ten minutes or AGE");
   command.add_flag("--dry-run", options->dryRun, "only tell what would be removed");
   command.add_flag("--yes", options->yes, "don't ask");
-  explain(command,
-          "0 done, also when nothing was to do; 1 the answer was no; 2 nobody could be asked, too",
-          "simrec prune --leftovers --dry-run\n"
-          "simrec prune --older 7d --keep 20 --yes");
+  explain(
+      command,
+      "0 done, also when nothing was to do; 1 the answer was no (2 where nobody could be asked)",
+      "simrec prune --leftovers --dry-run\n"
+      "simrec prune --older 7d --keep 20 --yes");
 }
 
 }  // namespace simrec::cli

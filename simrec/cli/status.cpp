@@ -44,12 +44,26 @@ void putText(const StagingStatus& status) {
   }
 }
 
+std::string leftText(const std::vector<Change>& tidying) {
+  std::string text;
+  for (const Change& change : tidying) {
+    text += text.empty() ? "" : ", ";
+    text += (change.deed == Deed::kFinish ? "pruned/" : "") + printable(change.file);
+  }
+  return text;
+}
+
 Status status(const Options& options) {
   const StagingStatus status = stagingStatus(options.shared.store());
   options.json ? putJson(status) : putText(status);
   if (status.interrupted) {
     fmt::print(stderr,
                "simrec: staging was interrupted; 'simrec unstage' brings back what stood there\n");
+  }
+  if (!status.tidying.empty()) {
+    fmt::print(stderr,
+               "simrec: an earlier command has left {} in .simrec; 'simrec unstage' deletes that\n",
+               leftText(status.tidying));
   }
   return status.isSound() ? kDone : kFindings;
 }

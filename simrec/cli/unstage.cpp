@@ -16,7 +16,7 @@ Status unstage(const Options& options) {
   const Store store = options.shared.store();
   const auto changes = simrec::unstage(store, options.dryRun ? Doing::kDry : Doing::kReally);
   options.dryRun ? putChanges(changes) : putNotable(changes);
-  if (changes.size() == countOf(Deed::kFinish, changes)) {
+  if (changes.size() == countOf(Deed::kFinish, changes) + countOf(Deed::kDiscard, changes)) {
     put("nothing is staged\n");
   } else {
     print("{} {}taken away, {} brought back\n", counted(countOf(Deed::kRemove, changes), "file"),

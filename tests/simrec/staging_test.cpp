@@ -160,8 +160,13 @@ TEST_F(Staging, WhatOthersPutIntoItsFolderStays) {
   const Picture foreign = {{"draft/x/y", "1"}, {"new.0/x/y", "2"}, {"pruned/x", "3"}};
   for (const auto& [name, text] : foreign) put(kData + ".simrec/" + name, text);
   put(kData + ".simrec/pruned/IMG_X/simulation_x", "begun");
-  EXPECT_NE(simrec({"unstage", "--dry-run"}).out.find("prune       IMG_X"), std::string::npos);
-  EXPECT_NE(simrec({"unstage"}).out.find("IMG_X is pruned"), std::string::npos);
+  put(kData + ".simrec/new.1/simulation_x", "half done");
+  const std::string dry = simrec({"unstage", "--dry-run"}).out, real = simrec({"unstage"}).out;
+  for (const char* due :
+       {"prune       IMG_X", "delete      .simrec/new.1", "nothing is staged\n"}) {
+    EXPECT_NE(dry.find(due), dry.npos) << dry;
+  }
+  EXPECT_NE(real.find("IMG_X is pruned"), real.npos);
   for (const Command& command : {Command{"stage", "IMG_A"}, Command{"status"}, Command{"unstage"}})
     EXPECT_EQ(simrec(command).status, 0) << command[0];
   EXPECT_EQ(picture(), origin);
@@ -175,7 +180,7 @@ TEST_F(Staging, OneAtATime) {
   for (const Command& command :
        {Command{"stage", "IMG_A"}, Command{"unstage"}, Command{"prune", "--keep", "0", "--yes"},
         Command{"stage", "IMG_A", "--dry-run"}, Command{"unstage", "--dry-run"},
-        Command{"prune", "--dry-run"}}) {
+        Command{"prune", "--dry-run"}, Command{"status"}}) {
     const Outcome refused = simrec(command);
     EXPECT_TRUE(isRefusal(refused)) << command[0];
     EXPECT_NE(refused.err.find("process 4711"), refused.err.npos) << refused.err;
@@ -221,9 +226,10 @@ TEST_F(Staging, AReadOnlyFolderStaysAsItIs) {
   if (!simulation_host::hasPrivateView()) GTEST_SKIP() << "nothing can be mounted";
   ASSERT_EQ(mount(kData.c_str(), kData.c_str(), nullptr, MS_BIND, nullptr), 0);
   ASSERT_EQ(mount(nullptr, kData.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr), 0);
-  for (const Command& command : {Command{"stage", "IMG_A"}, Command{"stage", "IMG_A", "--dry-run"},
-                                 Command{"prune", "--keep", "0", "--yes"}}) {
-    EXPECT_TRUE(isRefusal(simrec(command))) << command[0];
+  for (const Command& command :
+       {Command{"stage", "IMG_A"}, Command{"stage", "IMG_A", "--dry-run"},
+        Command{"prune", "--keep", "0", "--yes"}, Command{"prune", "--keep", "0", "--dry-run"}}) {
+    EXPECT_TRUE(isRefusal(simrec(command))) << command[0] << command.back();
   }
   EXPECT_EQ(simrec({"status"}).status, 0);
   EXPECT_EQ(simrec({"unstage"}).status, 0);
@@ -283,8 +289,14 @@ TEST_F(Staging, FilesOfAnotherOwnerKeepIt) {
   fs::remove_all(kData + ".simrec");
   ASSERT_EQ(chmod(kData.c_str(), 01777), 0);  // only owners may rename
   EXPECT_TRUE(isRefusal(simrec({"stage", "IMG_A"}, asSomebody)));
+  EXPECT_TRUE(isRefusal(simrec({"stage", "IMG_A", "--dry-run"}, asSomebody)));
   EXPECT_EQ(picture(), origin);
   ASSERT_EQ(chmod(kData.c_str(), 0777), 0);
+  EXPECT_EQ(simrec({"stage", "IMG_A"}).status, 0);
+  for (const Command& command : {Command{"unstage"}, Command{"unstage", "--dry-run"}}) {
+    EXPECT_TRUE(isRefusal(simrec(command, asSomebody))) << command.size();
+  }
+  unstageAndCompare();
   ASSERT_EQ(chmod((kData + "IMG_A/" + kAec).c_str(), 0), 0);
   origin = picture();
   EXPECT_TRUE(isRefusal(simrec({"stage", "IMG_A"}, asSomebody)));
