@@ -10,6 +10,7 @@
 #include "simrec/error.h"
 #include "simrec/number.h"
 #include "simrec/selection.h"
+#include "simrec/xml_writer.h"
 
 namespace simrec {
 namespace {
@@ -121,18 +122,21 @@ class Change {
         assignment_.multiplies ? product(before, member) : assignment_.value, member.type);
     if (const auto* const why = std::get_if<std::string>(&fits)) fail(*why);
     const Number& number = std::get<Number>(fits);
-    if (vanishes(number)) fail("that is nearer to 0 than any float");
+    if (vanishes(number, before, member)) fail("that is too near to 0 for the record");
     if (!number.isFloat() && number.integer > member.most && !number.isSigned()) {
       fail(fmt::format("{} is {} at most", member.name, member.most));
     }
     return number;
   }
 
-  /// A value that is not 0 becomes none.
-  bool vanishes(const Number& number) const {
+  /// A value that is not 0 becomes one, in memory or in the digits that the file has.
+  bool vanishes(const Number& number, const Number& before, const Member& member) const {
+    if (!number.isFloat()) return false;
+    const bool text = assignment_.kind->format == catalogue::Format::kXml;
+    const float kept = text ? throughText(number.single, member.digits).single : number.single;
     const std::string mantissa = assignment_.value.substr(0, assignment_.value.find_first_of("eE"));
-    return !assignment_.multiplies && number.isFloat() && number.single == 0 &&
-           mantissa.find_first_of("123456789") != std::string::npos;
+    return kept == 0 && mantissa.find_first_of("123456789") != std::string::npos &&
+           (!assignment_.multiplies || before.single != 0);
   }
 
   /// As a text, so that the bounds of every type are looked after in one place.
@@ -186,7 +190,7 @@ class Change {
 Assignment parseAssignment(const std::string& text) {
   const std::size_t equals = text.find('=');
   const std::size_t dot = text.find('.');
-  if (equals == std::string::npos || equals == 0 || dot > equals) {
+  if (equals == std::string::npos || dot == 0 || dot > equals) {
     throw Error("'" + text + "' is no change: KIND.MEMBER=VALUE");
   }
   Assignment assignment;

@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
-#include <filesystem>
 
 #include "core/raw_file.h"
+#include "simrec/content.h"
 #include "simrec/error.h"
 #include "simrec/provenance.h"
 #include "simrec/record.h"
@@ -22,7 +22,6 @@
 namespace simrec {
 namespace {
 
-namespace fs = std::filesystem;
 using catalogue::Format;
 using simulation::FileDescriptor;
 
@@ -33,13 +32,15 @@ using simulation::FileDescriptor;
 /// Names of folders that mean something else.
 void checkName(const Store& store, const std::string& name) {
   const bool special = name.empty() || name == "tmp" || name == "tmp_asd" || name == kStagedName;
-  if (special || name[0] == '.' || name.find('/') != std::string::npos) {
+  const bool record = name.rfind(catalogue::kRecordPrefix, 0) == 0;  // would stand in its way
+  if (special || record || name[0] == '.' || name.find('/') != std::string::npos) {
     throw Error("'" + name + "' is no name for a capture");
   }
   struct stat status;
   if (lstat((store.data() + "/" + name).c_str(), &status) == 0) {
     throw Error("there is a '" + name + "' in " + store.data() + " already");
   }
+  if (errno != ENOENT) failWith(store.data() + "/" + name);
 }
 
 void writeNew(const std::string& path, const std::string& bytes) {
@@ -90,12 +91,18 @@ class Draft {
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
 
+  const Directory& folder() const { return folder_; }
   std::string path(const std::string& name) const { return folder_.pathOf(name); }
 
   void moveTo(const std::string& name) const {
     folder_.syncFileSystem();
     room_.folder().move(kDraftFolder, room_.data(), name);
-    room_.data().sync();
+    try {
+      room_.data().sync();
+    } catch (const Error&) {
+      room_.data().move(name, room_.folder(), kDraftFolder);
+      throw;
+    }
   }
 
  private:
@@ -107,11 +114,10 @@ void writeProvenance(const Derivation& derivation, const std::string& path) {
   Json changes = Json::array();
   for (const Assignment& change : derivation.changes) changes.push_back(asUtf8(change.text));
   const auto now = std::chrono::system_clock::now().time_since_epoch();
-  const Json json = {
-      {"schema", 1},
-      {"capture", asUtf8(derivation.from.name)},
-      {"changes", changes},
-      {"made", utcTime(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count())}};
+  Json json = {{"schema", 1}};
+  setName(json, "capture", "captureBytes", derivation.from.name);
+  json["changes"] = changes;
+  json["made"] = utcTime(std::chrono::duration_cast<std::chrono::nanoseconds>(now).count());
   writeNew(path, dump(json) + "\n");
 }
 
@@ -139,13 +145,13 @@ void checkChanges(const std::vector<File>& files, const Derivation& derivation) 
 std::vector<std::string> fill(const Draft& draft, const std::vector<File>& files,
                               const Derivation& derivation) {
   std::vector<std::string> changed;
+  const Directory from(derivation.from.path);
   for (const File& file : files) {
-    const std::string path = draft.path(file.name);
     const auto changes = changesOf(file, derivation);
     if (changes.empty()) {
-      fs::copy_file(derivation.from.path + "/" + file.name, path);
+      copyFile(from, file.name, draft.folder(), file.name);
     } else {
-      writeChanged(readRecord(derivation.from.path, file), changes, path);
+      writeChanged(readRecord(derivation.from.path, file), changes, draft.path(file.name));
       changed.push_back(file.name);
     }
   }
@@ -155,23 +161,20 @@ std::vector<std::string> fill(const Draft& draft, const std::vector<File>& files
 
 }  // namespace
 
-std::vector<std::string> derive(const Store& store, const Derivation& derivation) {
+Derived derive(const Store& store, const Derivation& derivation) {
   checkName(store, derivation.name);
   std::vector<File> files = Selection().of(filesOf(derivation.from));
-  leftOut(derivation.from, files);  // refuses what can't be looked at: a copy without it is none
+  // Refuses what can't be looked at: a copy without it is none.
+  std::vector<std::string> others = leftOut(derivation.from, files);
   files.erase(std::remove_if(files.begin(), files.end(),
                              [](const File& file) { return file.type != FileType::kRegular; }),
               files.end());
   checkChanges(files, derivation);
-  try {
-    const Room room(store.data());
-    const Draft draft(room);
-    std::vector<std::string> changed = fill(draft, files, derivation);
-    draft.moveTo(derivation.name);
-    return changed;
-  } catch (const fs::filesystem_error& error) {
-    throw Error(error.path1().string() + ": " + error.code().message());
-  }
+  const Room room(store.data());
+  const Draft draft(room);
+  std::vector<std::string> changed = fill(draft, files, derivation);
+  draft.moveTo(derivation.name);
+  return {std::move(changed), std::move(others)};
 }
 
 }  // namespace simrec

@@ -41,17 +41,6 @@ std::uint64_t numberOf(std::string_view digits) {
   return number;
 }
 
-/// A name that setName() wrote.
-std::string nameIn(const Json& object, const char* key, const char* bytesKey) {
-  if (!object.contains(bytesKey)) return object.at(key);
-  const std::string digits = object.at(bytesKey);
-  std::string name;
-  for (std::size_t at = 0; at < digits.size(); at += 2) {
-    name += static_cast<char>(numberOf(std::string_view(digits).substr(at, 2)));
-  }
-  return name;
-}
-
 JournalEntry entryFrom(const Json& json) {
   JournalEntry entry = {nameIn(json, "file", "fileBytes"),
                         {json.at("bytes"), numberOf(std::string(json.at("hash")))}};

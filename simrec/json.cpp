@@ -1,10 +1,12 @@
 #include "simrec/json.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <type_traits>
 
 #include "core/number_text.h"
+#include "simrec/error.h"
 #include "simrec/number.h"
 #include "simrec/text.h"
 
@@ -146,6 +148,20 @@ void appendMembers(std::string& out, const Values& values, bool lists) {
 void setName(Json& object, const char* key, const char* bytesKey, std::string_view name) {
   object[key] = asUtf8(name);
   if (!isUtf8(name)) object[bytesKey] = hex(name);
+}
+
+std::string nameIn(const Json& object, const char* key, const char* bytesKey) {
+  if (!object.contains(bytesKey)) return object.at(key);
+  const std::string digits = object.at(bytesKey);
+  std::string name;
+  for (std::size_t at = 0; at < digits.size(); at += 2) {
+    unsigned char byte = 0;
+    const char* const end = digits.data() + std::min(at + 2, digits.size());
+    const auto result = std::from_chars(digits.data() + at, end, byte, 16);
+    if (result.ec != std::errc() || result.ptr != end) throw Error("'" + digits + "' is no name");
+    name += static_cast<char>(byte);
+  }
+  return name;
 }
 
 Json toJson(double decimal) {

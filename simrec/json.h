@@ -17,6 +17,9 @@ using Json = nlohmann::ordered_json;
 /// under `bytesKey`.
 void setName(Json& object, const char* key, const char* bytesKey, std::string_view name);
 
+/// A name that setName() added. Throws what is none.
+std::string nameIn(const Json& object, const char* key, const char* bytesKey);
+
 /// A number, or the string for one that JSON has no number for.
 Json toJson(const Number& number);
 Json toJson(double decimal);

@@ -25,6 +25,11 @@ std::optional<Provenance> readProvenance(const Capture& capture) {
   const Json json = readJson(capture.path + "/" + kProvenanceFile);
   if (!json.is_object() || !json.contains("capture") || !json["capture"].is_string()) return {};
   Provenance provenance = {json["capture"], {}};
+  try {
+    provenance.capture = nameIn(json, "capture", "captureBytes");
+  } catch (const std::exception&) {
+    // Somebody else's: what can be read of it.
+  }
   if (!json.contains("changes") || !json["changes"].is_array()) return provenance;
   for (const Json& change : json["changes"]) {
     if (change.is_string()) provenance.changes.push_back(change);
@@ -33,7 +38,10 @@ std::optional<Provenance> readProvenance(const Capture& capture) {
 }
 
 Json toJson(const Provenance& provenance) {
-  return {{"capture", provenance.capture}, {"changes", provenance.changes}};
+  Json json;
+  setName(json, "capture", "captureBytes", provenance.capture);
+  json["changes"] = provenance.changes;
+  return json;
 }
 
 std::string sentenceFor(const Provenance& provenance) {

@@ -17,7 +17,7 @@ struct Provenance {
 /// None where there is no such file, or one that simrec didn't write.
 std::optional<Provenance> readProvenance(const Capture& capture);
 
-/// {"capture","changes"}
+/// {"capture","changes"}, and "captureBytes" for a name that is not UTF-8.
 Json toJson(const Provenance& provenance);
 
 /// "from IMG_000072 with AE_AECData.LuxIndex=350", printable.

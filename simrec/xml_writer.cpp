@@ -3,6 +3,8 @@
 #include <simulation/records.h>
 
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <type_traits>
 
 #include "core/number_text.h"
@@ -129,7 +131,7 @@ void writeXmlRecord(const catalogue::Kind& kind, const Values& values, const std
   pushValues(*printer, values);
   if (kind.wrapper != nullptr) printer->CloseElement();
   printer->CloseElement();
-  if (printer->finish() != tinyxml2::XML_SUCCESS) throw Error(path + ": can't be written");
+  if (printer->finish() != tinyxml2::XML_SUCCESS) throw Error(path + ": " + std::strerror(errno));
 }
 
 Number throughText(float value, Digits digits) {

@@ -1,6 +1,7 @@
 // simrec set: a new capture with members changed.
 #include "simrec/cli/command.h"
 #include "simrec/cli/output.h"
+#include "simrec/cli/staging_output.h"
 #include "simrec/derivation.h"
 #include "simrec/text.h"
 
@@ -20,7 +21,8 @@ Status set(const Options& options) {
   for (const std::string& change : options.changes) {
     derivation.changes.push_back(parseAssignment(change));
   }
-  const auto changed = derive(store, derivation);
+  const auto [changed, others] = derive(store, derivation);
+  putLeftOut(others);
   print("{} is {} with {} changed:\n", printable(options.name), printable(options.capture),
         counted(changed.size(), "record"));
   for (const std::string& name : changed) print("  {}\n", printable(name));

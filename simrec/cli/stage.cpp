@@ -18,12 +18,6 @@ struct Options {
   bool dryRun = false;
 };
 
-void putLeftOut(const std::vector<std::string>& names) {
-  for (const std::string& name : names) {
-    print("{} is left out: no file that can be read\n", printable(name));
-  }
-}
-
 void putTotal(const std::vector<Change>& changes, const Capture& capture, const char* staged) {
   print("{} of {} {}", counted(countOf(Deed::kStage, changes), "file"), printable(capture.name),
         staged);

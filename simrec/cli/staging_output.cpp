@@ -22,9 +22,11 @@ std::string sentenceFor(const Change& change) {
     case Deed::kBringBack:
       return "bring back  " + file;
     case Deed::kFinish:
+      return "prune       " + file + ", as was begun";
+    case Deed::kDiscard:
       break;
   }
-  return "prune       " + file + ", as was begun";
+  return "delete      .simrec/" + file + ", which is half done";
 }
 
 }  // namespace
@@ -38,9 +40,17 @@ void putNotable(const std::vector<Change>& changes) {
     if (change.deed == Deed::kFinish) {
       print("{} is pruned now, as was begun\n", printable(change.file));
     }
+    if (change.deed == Deed::kDiscard)
+      print(".simrec/{} was half done, and is gone\n", change.file);
     if (change.deed != Deed::kKeep) continue;
     print("{} is not what was staged, and is kept as .simrec/edited/{}\n", printable(change.file),
           printable(change.other));
+  }
+}
+
+void putLeftOut(const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    print("{} is left out: no file that can be read\n", printable(name));
   }
 }
 

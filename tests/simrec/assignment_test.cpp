@@ -51,7 +51,9 @@ const Row kRows[] = {
     {"AWB_AECData.BETemplateMatrix*=2", exposure("2.5", "-3", "5", "2 4 6 nan ")},
     {"TuningMode.sensorMode=513", std::string(16, 'm') + "\1\2" + std::string(42, 'm')},
     {"AWB_AECData.luxIndex=1e39", "beyond a float's range"},
-    {"AWB_AECData.luxIndex=1e-50", "nearer to 0 than any float"},
+    {"AWB_AECData.luxIndex=1e-50", "too near to 0"},
+    {"AWB_AECData.luxIndex*=1e-60", "too near to 0"},
+    {"AWB_AECData.luxIndex*=0.0", exposure("0", "-3", "5", "1 2 3 nan ")},
     {"AWB_AECData.luxIndex*=3e38", "beyond a float's range"},
     {"AWB_AECData.luxIndex=bright", "is no number"},
     {"AWB_AECData.luxIndex*=", "there is no number"},
@@ -72,6 +74,8 @@ const Row kRows[] = {
     {"TuningMode.sensorMode=65536", "beyond 16 bits"},
     {"AECData.LuxIndex=1", "AECData"},
     {"luxIndex=1", "is no change"},
+    {".luxIndex=1", "is no change"},
+    {"=1", "is no change"},
     {"AWB_AECData.luxIndex", "is no change"},
 };
 
@@ -112,10 +116,12 @@ TEST(SimrecAssignment, ChangesOfOneCameraLeaveTheOthers) {
                            parseAssignment("AWB_AECData.luxIndex*=2")},
                           camera});
   };
-  EXPECT_EQ(set("new", 0), std::vector<std::string>{kExposure});
+  EXPECT_EQ(set("new", 0).changed, std::vector<std::string>{kExposure});
   EXPECT_EQ(contentOf(folder.path() + "/new/" + kExposure), exposure("6", "1", "5", "1 2 3 4 "));
   EXPECT_EQ(contentOf(folder.path() + "/new/" + other), exposure("2", "1", "5", "1 2 3 "));
-  for (const char* name : {"both", "new", "tmp", "staged", "a/b", ".x", ""}) {
+  const std::string longest(256, 'n');
+  for (const char* name :
+       {"both", "new", "tmp", "staged", "a/b", ".x", "", longest.c_str(), kTuning}) {
     EXPECT_THROW(set(name, std::nullopt), Error) << name;
   }
   EXPECT_THROW(set("third", 2), Error);

@@ -251,10 +251,12 @@ TEST_F(Replays, OfAnyMemberThatWasSetAreSeen) {
       EXPECT_TRUE(due.back() == ' ' ? told.rfind(due, 0) == 0 : told == due) << told;
     }
   }
-  // The record has 600 regions.
+  // The record has 600 regions; gains have six decimals.
+  const std::string regions = "AWB_ParsedAWBStatsOutput.";
   for (const std::string& beyond :
-       {fmt::format("numROIs={}", BayerGridOutput::kMaxRegions + 1), std::string("RSum[600]=1")}) {
-    const Assignment change = parseAssignment("AWB_ParsedAWBStatsOutput." + beyond);
+       {fmt::format("{}numROIs={}", regions, BayerGridOutput::kMaxRegions + 1),
+        regions + "RSum[600]=1", std::string("LSC.rGain=4e-7"), std::string("LSC.rGain*=1e-9")}) {
+    const Assignment change = parseAssignment(beyond);
     EXPECT_THROW(derive(store, {store.find(kImage), "more", {change}, {}}), Error) << beyond;
   }
 }
