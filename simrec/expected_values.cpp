@@ -27,13 +27,13 @@ Number floatNumber(float value) {
 }
 
 /// The text is read as an integer of 64 bits, up to what is no digit, and 32 bits are kept.
-/// What does not begin as a number throws: the live one stays.
-Number wholeNumber(const Member& member, const Number& number, const Number& found) {
+/// None where it does not begin as a number: that throws.
+std::optional<Number> wholeNumber(const Member& member, const Number& number) {
   try {
     const auto whole = static_cast<std::uint32_t>(simulation::toLongLong(number.text));
     return throughText(static_cast<float>(whole), member.digits);
   } catch (const std::logic_error&) {
-    return found;
+    return std::nullopt;
   }
 }
 
@@ -87,9 +87,13 @@ const Member* find(const Kind& kind, std::string_view name) {
 
 Number expectedNumber(const Member& member, const Number& number, const Number& found) {
   if (member.replay == Replay::kFirstByte) return firstByte(number, found);
-  if (member.replay == Replay::kWholeNumber) return wholeNumber(member, number, found);
+  if (member.replay == Replay::kWholeNumber) return wholeNumber(member, number).value_or(found);
   if (member.type != Type::kFloat) return number;
   return throughText(number.single, member.digits);
+}
+
+bool throwsAt(const Member& member, const Number& number) {
+  return member.replay == Replay::kWholeNumber && !wholeNumber(member, number);
 }
 
 std::optional<Number> itemOf(const NumberList& list, std::size_t index) {

@@ -25,6 +25,9 @@ std::optional<Number> expectedItem(const NumberList& list, std::size_t index,
 /// nan is the same as nan.
 bool same(const Number& a, const Number& b);
 
+/// Whether a readback throws at this number, and leaves it and what follows live.
+bool throwsAt(const catalogue::Member& member, const Number& number);
+
 bool isBayerGrid(const catalogue::Kind& kind);
 
 /// The lists of regions that a dump shows, whose header and form are `dump`'s, after a readback

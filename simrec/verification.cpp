@@ -1,5 +1,7 @@
 #include "simrec/verification.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -35,6 +37,10 @@ class Comparison {
         compareValue(value, *other, name);
       } else {
         tell(name, value.number() != nullptr ? toJson(*value.number()) : Json("a value"), nullptr);
+      }
+      if (value.number() != nullptr && throwsAt(*value.member, *value.number())) {
+        result_.why = name + " is no whole number: a readback throws, and the rest stays live";
+        return;
       }
     }
   }
@@ -149,22 +155,33 @@ void compareBytes(const std::string& replayed, const std::string& dump, std::siz
   if (!files.good()) refuse(result, "can't be read");
 }
 
+/// What can't be told, or need not be fed, where only the caller knew the record's size.
+std::string sizeNote(std::uint64_t replayed, std::uint64_t dump) {
+  if (dump < replayed) {
+    return fmt::format("the dump has {} of {} bytes, and the rest can't be told", dump, replayed);
+  }
+  if (replayed < dump) {
+    return fmt::format("the file has {} of {} bytes, and the rest stays live", replayed, dump);
+  }
+  return "";
+}
+
 bool isTuningMode(const Kind& kind) { return find(kind, "sensorMode") != nullptr; }
 
-/// Whether the readback took the record at all: tuning modes fit one sensor mode only.
-bool fitsMode(const Record& replayed, const Record& dump) {
+/// The member for which the readback did not take the record: tuning modes fit one mode only.
+const Member* otherMode(const Record& replayed, const Record& dump) {
   for (const Value& value : dump.values) {
     const Value* const saved = find(replayed.values, value.member->name);
     const std::uint64_t mode = saved != nullptr ? saved->number()->integer : 0;
-    if (mode != value.number()->integer) return false;
+    if (mode != value.number()->integer) return value.member;
   }
-  return true;
+  return nullptr;
 }
 
 void compareTuningModes(const Record& replayed, const Record& dump, VerifiedRecord& result) {
-  if (!fitsMode(replayed, dump)) {
+  if (const Member* const mode = otherMode(replayed, dump)) {
     result.fed = Fed::kNotReplayed;
-    result.why = "the live sensor mode was another one";
+    result.why = "the live " + std::string(mode->name) + " was another one";
     return;
   }
   std::string expected = replayed.bytes;
@@ -185,6 +202,9 @@ void compareBinary(const Kind& kind, const Record& replayed, const Record& dump,
     return refuse(result, "it is shorter than the live record, which stays as it is");
   }
   compareBytes(replayedPath, dumpPath, kind.liveHead, result);
+  if (kind.bytes == 0 && result.why.empty()) {
+    result.why = sizeNote(replayed.file.bytes, dump.file.bytes);
+  }
 }
 
 /// What tells a record from the others of its capture; lens shading goes by order.

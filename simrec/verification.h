@@ -31,7 +31,8 @@ struct Unfed {
 struct VerifiedRecord {
   File file;  ///< in the capture that was replayed
   Fed fed = Fed::kYes;
-  std::string why;                                        ///< in words, where members don't say it
+  /// In words, where members don't say it, and where a record that was fed was not so as a whole.
+  std::string why;
   std::vector<Unfed> members;                             ///< of each list the first ten
   std::vector<std::pair<std::string, std::size_t>> more;  ///< lists with more than those: how many
   /// Of a binary record: bytes that differ, half-open; the first thousand, and how many there are.

@@ -1,4 +1,6 @@
 // simrec stage: a capture where readbacks look.
+#include <algorithm>
+
 #include "simrec/cli/command.h"
 #include "simrec/cli/output.h"
 #include "simrec/cli/staging_output.h"
@@ -25,6 +27,11 @@ void putTotal(const std::vector<Change>& changes, const Capture& capture, const 
   print("{}\n", aside == 0 ? "" : ", " + counted(aside, "file") + " set aside");
 }
 
+void putNothingToRepeat(const std::vector<File>& files) {
+  const auto isShading = [](const File& file) { return file.parts->index.has_value(); };
+  if (std::none_of(files.begin(), files.end(), isShading)) put("no lens shading is repeated\n");
+}
+
 Status stage(const Options& options) {
   const Selection selection = options.selection.selection();
   const Store store = options.shared.store();
@@ -35,6 +42,7 @@ Status stage(const Options& options) {
   if (options.dryRun) {
     const std::vector<Change> changes = simrec::stage(store, capture, placements, Doing::kDry);
     putLeftOut(others);
+    if (options.shadingFiles > 0) putNothingToRepeat(files);
     putChanges(changes);
     putTotal(changes, capture, "would be staged");
     return kDone;
@@ -45,6 +53,7 @@ Status stage(const Options& options) {
     changes = simrec::stage(store, capture, placements, Doing::kReally, [&] { progress.step(); });
   }
   putLeftOut(others);
+  if (options.shadingFiles > 0) putNothingToRepeat(files);
   putNotable(changes);
   putTotal(changes, capture, "staged");
   return kDone;

@@ -39,7 +39,13 @@ Calls callsOf(const RecordOperation& record, unsigned int seed) {
 
 void runAll(const RecordOperation& record, std::uint32_t mode, Calls& calls, const char* folder) {
   Simulation::m_LscIndex.clear();
-  for (std::string& data : calls) record.run(mode, data.data(), kRequest, kCamId, folder);
+  for (std::string& data : calls) {
+    try {
+      record.run(mode, data.data(), kRequest, kCamId, folder);
+    } catch (const std::logic_error&) {
+      EXPECT_EQ(mode, 1U);  // what a readback throws, the caller takes
+    }
+  }
 }
 
 /// Dumps what is live as a capture of its own, where the end of a request would have put it.
@@ -196,6 +202,12 @@ TEST_F(Replays, OfOneOtherByteAreToldByIt) {
           << file.name;
     }
     writeFile(path, bytes);
+    if (kind.bytes > 0) continue;  // else the live record may have been another one
+    replay(operationOf(kind));
+    fs::resize_file(kCamera + kReplayed + ("/" + file.name), bytes.size() / 2);
+    EXPECT_EQ(textOf(verified(file.name)),
+              fmt::format("fed: the dump has {} of {} bytes, and the rest can't be told",
+                          bytes.size() / 2, bytes.size()));
   }
 }
 
@@ -352,6 +364,8 @@ TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
       {"ZOAWB_SpectralSensorInfo", "<flickerFrequency>", "<", "<flickerFrequency>1e9<"},
       {"ZOAWB_SpectralSensorInfo", "<flickerFrequency>", "<", "<flickerFrequency>5000000000<"},
       {"ZOAWB_SpectralSensorInfo", "<flickerFrequency>", "<", "<flickerFrequency> +60.9 <"},
+      {"ZOAWB_SpectralSensorInfo", "<flickerFrequency>", "<", "<flickerFrequency>nan<",
+       "fed: flickerFrequency is no whole number: a readback throws, and the rest stays live"},
       {"ZOAWB_SpectralSensorInfo", "<x>", "</x>", "<channelNum>9</channelNum>"},
       {"AWB_OTPData", "<bOverG>", "</bOverG>", ""},
       {"AE_AECData", "", "", "<SimulationData",
@@ -361,11 +375,13 @@ TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
        "not fed: it is shorter than the live record, which stays as it is"},
       {"AWB_ExtensionInfo", "", "", "of eight",
        "not fed: it is shorter than the live record, which stays as it is"},
-      {"AWB_TuningMode", "", "", "short", "not replayed: the live sensor mode was another one"},
+      {"AWB_TuningMode", "", "", "short", "not replayed: the live sensorMode was another one"},
+      {"AWB_TuningMode", "", "20 bytes", "",
+       "not replayed: the live secondModeWord was another one"},
       {"AWB_TuningMode", "", "40 bytes", ""},
-      {"AWB_CVPTransformData", "", "", "short"},
-      {"FACE_FDResult", "", "", "short"},
-      {"ACB_acb", "", "", "short"},
+      {"AWB_CVPTransformData", "", "", "short", "fed: the file has 5 of "},
+      {"FACE_FDResult", "", "", "short", "fed: the file has 5 of "},
+      {"ACB_acb", "", "", "short", "fed: the file has 5 of "},
       {"AWB_inputColorData", "", "", "", "not fed: nothing of it can be read: empty"},
   };
   for (const auto& row : kRows) {
@@ -377,7 +393,8 @@ TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
       writeFile(path, edited(bytes, row.from, row.to, row.by));
       stageAll(kImage);
       replay(operationOf(kind));
-      EXPECT_EQ(textOf(verified(file.name)), row.due);
+      const std::string told = textOf(verified(file.name)), due = row.due;
+      EXPECT_EQ(due.back() == ' ' ? told.substr(0, due.size()) : told, due) << told;
       writeFile(path, bytes);
     }
   }

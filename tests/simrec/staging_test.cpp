@@ -19,6 +19,8 @@ namespace fs = std::filesystem;
 using Command = std::vector<std::string>;
 
 constexpr char kAec[] = "simulation_AE_AECData_camId[0]_ev[0].xml";
+constexpr char kSync[] = "IMG_A/simulation_ZOAWB_SyncInfo_camId[0].xml";
+constexpr char kThree[] = "<AWBsyncInfo><syncinfo>3</syncinfo></AWBsyncInfo>";
 constexpr char kTuning[] = "simulation_AWB_TuningMode_camId[1].bin";
 
 /// What stands straight in the data folder with a record's prefix.
@@ -67,7 +69,7 @@ TEST_F(Staging, IsWhatIsReplayedAndNothingElse) {
       {{"stage", "IMG_A", "--lsc-repeat", "4"}, whole},
       {{"stage", "IMG_A", "--camera", "0", "--lsc-repeat", "1"}, first},
       {{"stage", kData + "IMG_A/", "lsc"}, shadings},
-      {{"stage", "57/0"}, {{kAec, "of a request"}}},
+      {{"stage", "57/0", "--lsc-repeat", "3"}, {{kAec, "of a request"}}},
       {{"stage", "staged", "AE_*"}, {{kAec, "a user's own"}}},
   };
   for (const auto& [command, staged] : kRows) {
@@ -80,6 +82,8 @@ TEST_F(Staging, IsWhatIsReplayedAndNothingElse) {
     for (const auto& file : staged)
       EXPECT_NE(told.out.find("stage       " + file.first), told.out.npos);
     EXPECT_NE(told.out.find("set aside   simulation_fifo\n"), told.out.npos);
+    const bool vain = command.size() > 3 && staged.count(shading(0)) == 0;
+    EXPECT_EQ(told.out.find("no lens shading is repeated\n") != told.out.npos, vain);
     EXPECT_EQ(simrec(command).status, 0);
     EXPECT_EQ(standing(), staged);
     unstageAndCompare();
@@ -242,6 +246,7 @@ TEST_F(Staging, AFullDiskKeepsNothingFromComingBack) {
   if (!simulation_host::hasPrivateView()) GTEST_SKIP() << "nothing can be mounted";
   int staged = 0, refused = 0;
   const std::string small = kData + "small/";
+  put(kData + kSync, kThree);
   fs::create_directory(small);
   for (int kilobytes = 700; kilobytes < 1200; kilobytes += 20) {
     SCOPED_TRACE(kilobytes);
@@ -257,6 +262,10 @@ TEST_F(Staging, AFullDiskKeepsNothingFromComingBack) {
     (outcome.status == 0 ? staged : refused) += 1;
     EXPECT_TRUE(outcome.status == 0 || (isRefusal(outcome) && contents() == before));
     put(small + "filler", std::string(2'000'000, 'f'));
+    const Outcome set = simrec({"--data", small, "set", "IMG_A", "W", "SyncInfo.syncinfo=7"});
+    EXPECT_TRUE(isRefusal(set) && set.err.find(".simrec") != set.err.npos &&
+                set.err.find("No space left") != set.err.npos)
+        << set.err;
     EXPECT_EQ(simrec({"--data", small, "unstage"}).status, 0);
     fs::remove(small + "filler");
     EXPECT_EQ(contents(), before);
@@ -264,6 +273,20 @@ TEST_F(Staging, AFullDiskKeepsNothingFromComingBack) {
   }
   EXPECT_GT(staged, 0);
   EXPECT_GT(refused, 0);
+}
+
+TEST_F(Staging, SettingTellsWhatIsLeftOutAndWhereItIsFrom) {
+  const std::string image = "v\xff/", fifo = "simulation_AWB_FaceROI_camId[0].bin";
+  put(kData + image + fs::path(kSync).filename().string(), kThree);
+  ASSERT_EQ(mkfifo((kData + image + fifo).c_str(), 0600), 0);
+  fs::create_symlink("nowhere", kData + image + kTuning);
+  const Outcome outcome = simrec({"set", image.substr(0, 2), "W", "SyncInfo.syncinfo=7"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  for (const std::string& name : {fifo, std::string(kTuning)}) {
+    EXPECT_NE(outcome.out.find(name + " is left out"), outcome.out.npos) << outcome.out;
+  }
+  const auto told = nlohmann::json::parse(simrec({"show", "W", "--json"}).out);
+  EXPECT_EQ(told["from"]["captureBytes"], "76ff");
 }
 
 /// Another owner's files come and go where the folder lets them, else nothing does.
