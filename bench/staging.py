@@ -3,7 +3,8 @@
 
 The data is made in a folder of its own beside the program, since in memory nothing waits for a
 disk, and taken away at the end. What is compared runs in alternating order; times by the clock, the
-best of some rounds, which is what the machine's other work disturbs least. Prints a table; status 1 when a number that must be reached is missed.
+best of some rounds, which is what the machine's other work disturbs least. Prints a table; status 1
+when a number that must be reached is missed.
 """
 import os
 import subprocess
