@@ -123,7 +123,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   if (!simulation_host::hasPrivateView()) {
-    std::cerr << "no name space is to be had: these are figures of the machine's disk, not of memory\n";
+    std::cerr
+        << "no name space is to be had: these are figures of the machine's disk, not of memory\n";
   }
   umask(0);
   setenv("persist.vendor.camera.simulation.loglevel", "7", 1);  // nothing is logged
