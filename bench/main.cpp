@@ -122,6 +122,10 @@ int main(int argc, char** argv) {
     std::cerr << "the benchmarks need a private /data: " << problem << '\n';
     return 2;
   }
+  if (!simulation_host::hasPrivateView()) {
+    std::cerr
+        << "no name space is to be had: these are figures of the machine's disk, not of memory\n";
+  }
   umask(0);
   setenv("persist.vendor.camera.simulation.loglevel", "7", 1);  // nothing is logged
   for (const bench::Case& row : bench::kCases) {

@@ -8,49 +8,14 @@ Prints a table; status 1 when a number that must be reached is missed.
 """
 import os
 import shutil
-import statistics
 import subprocess
 import sys
 import tempfile
 
+from measuring import Run, Table, medians, roomy_folder
+
 SHOW_CAPTURE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "show_capture.py")
-MEGABYTE = 1024  # in the unit of ru_maxrss
-
 SAME_DOCUMENT = "import json, sys; a, b = (json.load(open(f)) for f in sys.argv[1:]); sys.exit(a != b)"
-
-missed = 0
-
-
-class Run:
-    """A process that ended: its processor time in seconds and its memory in MB."""
-
-    def __init__(self, *command, output=os.devnull):
-        with open(output, "wb") as stdout:
-            child = subprocess.Popen(command, stdout=stdout)
-        _, status, usage = os.wait4(child.pid, 0)
-        child.returncode = os.waitstatus_to_exitcode(status)
-        if child.returncode != 0:
-            sys.exit(f"{command[0]} ended with {child.returncode}")
-        self.seconds = usage.ru_utime + usage.ru_stime
-        self.memory = usage.ru_maxrss / MEGABYTE
-
-
-def medians(rounds, **commands):
-    """The median time of each command, and the most memory, by their names."""
-    runs = {name: [] for name in commands}
-    for _ in range(rounds):
-        for name, command in commands.items():
-            runs[name].append(Run(*command))
-    return {name: (statistics.median(run.seconds for run in some),
-                   max(run.memory for run in some)) for name, some in runs.items()}
-
-
-def row(title, measured, must, aim=None, at_least=False):
-    global missed
-    miss = measured < must if at_least else measured > must
-    missed += miss
-    goal = f"{must}" if aim is None else f"{must}, {aim}"
-    print(f"| {title:<58} | {measured:.2f} ({goal}){' MISSED' if miss else ''} |", flush=True)
 
 
 def link_captures(data, count, files):
@@ -77,23 +42,27 @@ def whole_capture(session):
     return max(folders, key=lambda folder: (len(os.listdir(folder)), size(folder)))
 
 
-def measure_list(simrec, data, files):
+def measure_list(table, simrec, data, files):
     link_captures(data, 10000, files)
-    runs = medians(5, list=[simrec, "--data", data, "list"],
-                   find=["find", data, "-type", "f", "-printf", "%s %T@ %p\\n"])
-    row("list, 10,000 captures of 26 files: time / find's", runs["list"][0] / runs["find"][0],
-        2, 1.2)
-    row("list, the same: MB", runs["list"][1], 64)
+    listed = [simrec, "--data", data, "list"]
+
+    def times_find():
+        times = medians(5, list=listed,
+                        find=["find", data, "-type", "f", "-printf", "%s %T@ %p\\n"])
+        return times["list"] / times["find"]
+    table.row("list, 10,000 captures of 26 files: time / find's", times_find, 2, 1.2)
+    table.row("list, the same: MB", lambda: Run(*listed).memory, 64)
 
 
-def measure_many(simrec, data, files):
+def measure_many(table, simrec, data, files):
     link_captures(data, 100000, files[:1])
     for order in ("name", "time"):
-        memory = Run(simrec, "--data", data, "list", "--json", "--sort", order).memory
-        row(f"list --json --sort {order}, 100,000 captures: MB", memory, 64)
+        listed = [simrec, "--data", data, "list", "--json", "--sort", order]
+        table.row(f"list --json --sort {order}, 100,000 captures: MB",
+                  lambda: Run(*listed).memory, 64)
 
 
-def measure_show(simrec, capture):
+def measure_show(table, simrec, capture):
     show = [simrec, "--data", os.path.dirname(capture), "show", "--json", "--lists",
             os.path.basename(capture)]
     script = [sys.executable, SHOW_CAPTURE, capture]
@@ -102,19 +71,13 @@ def measure_show(simrec, capture):
     Run(*script, output=documents[1])
     if subprocess.run([sys.executable, "-c", SAME_DOCUMENT, *documents]).returncode != 0:
         sys.exit("simrec show and show_capture.py give different documents")
-    runs = medians(9, show=show, script=script, start=script[:2])
-    row("show --json --lists: time of a Python script / show's",
-        (runs["script"][0] - runs["start"][0]) / runs["show"][0], 5, 12, at_least=True)
-    row("show --json --lists: MB", runs["show"][1], 64)
 
-
-def roomy_folder(beside):
-    memory = "/dev/shm"
-    if os.access(memory, os.W_OK):
-        free = os.statvfs(memory)
-        if free.f_favail > 10**6 and free.f_bavail * free.f_frsize > 2**28:
-            return memory
-    return os.path.dirname(beside)
+    def times_script():
+        times = medians(9, show=show, script=script, start=script[:2])
+        return (times["script"] - times["start"]) / times["show"]
+    table.row("show --json --lists: time of a Python script / show's", times_script, 5, 12,
+              at_least=True)
+    table.row("show --json --lists: MB", lambda: Run(*show).memory, 64)
 
 
 def main():
@@ -126,12 +89,11 @@ def main():
         capture = whole_capture(session)
         files = sorted(entry.path for entry in os.scandir(capture)
                        if "camId[" not in entry.name or "camId[0]" in entry.name)
-        print("\nsimrec, measured (must, aim); medians.\n")
-        print(f"| {'command':<58} | {'measured':<22} |\n| --- | --- |")
-        measure_show(simrec, capture)
-        measure_list(simrec, os.path.join(folder, "list"), files[:26])
-        measure_many(simrec, os.path.join(folder, "many"), files)
-    return 1 if missed else 0
+        table = Table("simrec, measured (must, aim); medians.")
+        measure_show(table, simrec, capture)
+        measure_list(table, simrec, os.path.join(folder, "list"), files[:26])
+        measure_many(table, simrec, os.path.join(folder, "many"), files)
+    return 1 if table.missed else 0
 
 
 sys.exit(main())

@@ -101,7 +101,13 @@ TEST_F(Staging, AgainReplacesAndKeepsTheFirstBackup) {
   EXPECT_EQ(standing()[kTuning], "IMG_A/");
   EXPECT_EQ(contentOf(kData + ".simrec/edited/simulation_fifo"),
             "at the name of one that was set aside");
+  const auto rightsOf = [](const std::string& name) {
+    return fs::status(kData + name).permissions();
+  };
+  EXPECT_EQ(rightsOf(kAec), rightsOf(std::string("IMG_A/") + kAec));
+  put(kData + "simulation_fifo", "once more");
   EXPECT_EQ(simrec({"unstage"}).status, 0);
+  EXPECT_EQ(contentOf(kData + ".simrec/edited/simulation_fifo~2"), "once more");
   EXPECT_EQ(standing()["simulation_new"], "since");
   fs::remove(kData + "simulation_new");
   EXPECT_EQ(picture(), origin);
