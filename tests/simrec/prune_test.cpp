@@ -1,5 +1,7 @@
 // What prune chooses and takes.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -121,6 +123,29 @@ TEST(Prune, AsksAndUnderstandsNumbers) {
     EXPECT_TRUE(isRefusal(outcome) && outcome.err.size() < 100) << outcome.err;
   }
   EXPECT_EQ(picture(), before);
+}
+
+TEST(Prune, TakesYesOnATerminal) {
+  const struct {
+    std::string answer;
+    int status;
+  } kRows[] = {{"y\n", 0}, {"Yes\n", 0}, {"YES\n", 0}, {"no\n", 1}, {"\n", 1}, {"\4", 1}};
+  for (const auto& row : kRows) {
+    fill();
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (terminal < 0 || unlockpt(terminal) != 0) GTEST_SKIP() << "there are no terminals";
+    const auto answer = [&] {
+      dup2(open(ptsname(terminal), O_RDWR | O_NOCTTY), STDIN_FILENO);
+      if (write(terminal, row.answer.data(), row.answer.size()) < 1) _exit(77);
+    };
+    const Outcome outcome = simrec({"prune", "--keep", "0"}, answer);
+    close(terminal);
+    EXPECT_EQ(outcome.status, row.status) << row.answer;
+    EXPECT_EQ(fs::exists(kData + "IMG_A"), row.status == 1) << row.answer;
+    EXPECT_NE(outcome.out.find(row.status == 1 ? "nothing is removed" : " removed"),
+              std::string::npos);
+    EXPECT_EQ(outcome.err.back() == '\n', row.answer == "\4") << "the prompt of the shell";
+  }
 }
 
 TEST(Prune, TimesMayBeAnything) {
