@@ -213,6 +213,9 @@ TEST(Prune, LeavesWholeWhatItMayNotDelete) {
     EXPECT_EQ(picture(), due);
     EXPECT_FALSE(fs::exists(kData + ".simrec"));
   }
+  ASSERT_EQ(chmod(kData.c_str(), 0777), 0);
+  put(kData + ".simrec/edited/x", "where only root may work");
+  EXPECT_TRUE(isRefusal(simrec({"prune", "--keep", "0", "--dry-run"}, asSomebody)));
   EXPECT_EQ(chmod(kData.c_str(), 0755), 0);
 }
 
