@@ -31,6 +31,7 @@ std::vector<const Kind*> select(const Test& test) {
 bool isWildcard(std::string_view form) { return form.find_first_of("*?[") != form.npos; }
 
 std::vector<const Kind*> kindsLike(std::string_view form) {
+  if (form.empty()) return {};
   const std::string text(form);
   const auto matches = [&](const char* name) {
     return fnmatch(text.c_str(), name, FNM_CASEFOLD) == 0;

@@ -23,21 +23,25 @@ struct Records {
   Record a, b;
 };
 
-/// Whether all that is to know of the record is in its values and problems.
-bool isWhole(const Record& record) {
+bool hasValues(const Record& record) {
   const bool read = record.document != nullptr && !record.document->Error();
-  return read && !record.values.empty() &&
-         std::all_of(record.values.begin(), record.values.end(), [](const Value& value) {
-           return value.list() == nullptr || value.list()->whole;
-         });
+  return read && !record.values.empty();
+}
+
+/// Whether all that is to know of a record with values is in these and its problems.
+bool isWhole(const Record& record) {
+  return std::all_of(record.values.begin(), record.values.end(), [](const Value& value) {
+    return value.list() == nullptr || value.list()->whole;
+  });
 }
 
 void compareXml(const Records& records, const Tolerance& tolerance, RecordDifference& result) {
   const auto& [a, b] = records;
-  if (!isWhole(a) || !isWhole(b)) return;
+  if (!hasValues(a) || !hasValues(b)) return;
   compareValues(a.file.parts->kind->members, a.values, b.values, tolerance, result);
-  const bool same = a.problems == b.problems && result.members.empty() && result.lists.empty();
-  if (same) result.outcome = Outcome::kSame;
+  const bool found = !result.members.empty() || !result.lists.empty();
+  if (found || a.problems != b.problems || !isWhole(a) || !isWhole(b)) return;
+  result.outcome = Outcome::kSame;
 }
 
 /// The member of a binary record that is all of it, as numbers; null where there is none.
@@ -79,11 +83,12 @@ void compareBytes(FilePair& files, const Kind& kind, const Tolerance& tolerance,
 }
 
 void compareContents(const std::string& a, const std::string& b, const RecordPair& pair,
-                     const Tolerance& tolerance, RecordDifference& result) {
+                     const Tolerance& tolerance, const BytesCompared& compared,
+                     RecordDifference& result) {
   const Kind& kind = *pair.a->parts->kind;
   const bool xml = kind.format == Format::kXml;
   if (pair.a->type == FileType::kRegular && pair.b->type == FileType::kRegular) {
-    FilePair files(a + "/" + pair.a->name, b + "/" + pair.b->name);
+    FilePair files(a + "/" + pair.a->name, b + "/" + pair.b->name, compared);
     if (xml) {
       if (files.isSame()) result.outcome = Outcome::kSame;
     } else {
@@ -131,13 +136,13 @@ const char* nameOf(Outcome outcome) {
 }
 
 RecordDifference compareRecords(const std::string& a, const std::string& b, const RecordPair& pair,
-                                const Tolerance& tolerance) {
+                                const Tolerance& tolerance, const BytesCompared& compared) {
   RecordDifference result;
   if (pair.a && pair.b && isOneFile(a, *pair.a, b, *pair.b)) {
     result.outcome = Outcome::kSame;
   } else if (pair.a && pair.b) {
     result.outcome = Outcome::kDifferent;  // until it is known better
-    compareContents(a, b, pair, tolerance, result);
+    compareContents(a, b, pair, tolerance, compared, result);
   } else {
     result.outcome = pair.a ? Outcome::kOnlyInA : Outcome::kOnlyInB;
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -86,9 +87,13 @@ struct RecordPair {
 /// shading), which counts the calls, by the order of these.
 std::vector<RecordPair> pairRecords(const std::vector<File>& a, const std::vector<File>& b);
 
+/// Told now and then how many more bytes of both files were compared.
+using BytesCompared = std::function<void(std::uint64_t bytes)>;
+
 /// Compares two files, of the folders `a` and `b`. Never throws for what is wrong with them: a
 /// file that can't be read differs from any other but itself.
 RecordDifference compareRecords(const std::string& a, const std::string& b, const RecordPair& pair,
-                                const Tolerance& tolerance = {});
+                                const Tolerance& tolerance = {},
+                                const BytesCompared& compared = {});
 
 }  // namespace simrec

@@ -96,13 +96,28 @@ std::string logged(const Trial& trial) {
   return "";
 }
 
+/// Names with `before` in front; no names, no words.
+std::string listed(const char* before, const std::vector<std::string>& names) {
+  constexpr std::size_t kMostNames = 5;
+  std::string words;
+  for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i) {
+    words += (i == 0 ? before : ", ") + names[i];
+  }
+  if (names.size() > kMostNames) {
+    words += " and " + counted(names.size() - kMostNames, "more member");
+  }
+  return words;
+}
+
 /// What happened, in words, for a file at which nothing odd can be seen.
 std::string wordsFor(const Trial& trial, Readback readback, const Record& record) {
   switch (readback) {
     case Readback::kThrows: {
       std::string refused = refusedIn(record.values, "");
       if (!refused.empty()) return refused;
-      return "a readback throws " + trial.exception;
+      std::vector<std::string> left = membersLeft(record, trial.replaced);
+      left.resize(std::min<std::size_t>(left.size(), 1));
+      return "a readback throws " + trial.exception + listed(" before it replaces ", left);
     }
     case Readback::kAborts:
       return trial.end == End::kOutOfMemory ? "a readback takes more memory than there is"
@@ -112,7 +127,8 @@ std::string wordsFor(const Trial& trial, Readback readback, const Record& record
     case Readback::kHangs:
       return "a readback does not come to an end";
     case Readback::kPartly:
-      return "a readback replaces only a part" + logged(trial);
+      return "a readback replaces only a part" +
+             listed(", not ", membersLeft(record, trial.replaced)) + logged(trial);
     case Readback::kNone:
       return "a readback replaces nothing" + logged(trial);
     case Readback::kWhole:
@@ -177,7 +193,7 @@ const char* nameOf(Readback readback) {
   return kNames[static_cast<int>(readback)];
 }
 
-SizeSurvey surveySizes(const Store& store) {
+SizeSurvey surveySizes(const Store& store, const std::function<void()>& looked) {
   SizeSurvey sizes;
   std::vector<Capture> captures;
   try {
@@ -193,15 +209,20 @@ SizeSurvey surveySizes(const Store& store) {
       }
     } catch (const Error&) {  // examining it will tell
     }
+    looked();
   }
   return sizes;
 }
 
-std::vector<Finding> Doctor::examine(const Capture& capture) {
+std::vector<Finding> Doctor::examine(const Capture& capture,
+                                     const std::function<void()>& examined) {
   std::vector<Finding> findings;
   try {
     const std::vector<File> files = filesOf(capture);
-    for (const File& file : files) examineFile(capture, file, findings);
+    for (const File& file : files) {
+      examineFile(capture, file, findings);
+      examined();
+    }
     const MissingRecords missing = missingRecords(files);
     for (const std::string& name : missing.files) {
       findings.push_back({name, Severity::kWarning, kMissing, Readback::kNone});

@@ -2,6 +2,7 @@
 // the library's: every file is tried out in a child process.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -37,15 +38,20 @@ struct Finding {
 using SizeSurvey = std::map<const catalogue::Kind*, std::map<std::uint64_t, std::size_t>>;
 
 /// Counts the files of all captures; folders that can't be read, or are not there, have none.
-SizeSurvey surveySizes(const Store& store);
+/// Calls `looked` after each.
+SizeSurvey surveySizes(
+    const Store& store, const std::function<void()>& looked = [] {});
 
 /// Not for two threads at once.
 class Doctor {
  public:
-  explicit Doctor(SizeSurvey sizes) : sizes_(std::move(sizes)) {}
+  /// `working`, where given, is called again and again while a file is tried out.
+  explicit Doctor(SizeSurvey sizes, std::function<void()> working = {})
+      : sizes_(std::move(sizes)), trials_({}, std::move(working)) {}
 
-  /// By file; a sound capture has none.
-  std::vector<Finding> examine(const Capture& capture);
+  /// By file; a sound capture has none. Calls `examined` after each file.
+  std::vector<Finding> examine(
+      const Capture& capture, const std::function<void()>& examined = [] {});
 
  private:
   void examineFile(const Capture& capture, const File& file, std::vector<Finding>& findings);

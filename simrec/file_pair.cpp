@@ -1,6 +1,7 @@
 #include "simrec/file_pair.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace simrec {
 namespace {
@@ -9,8 +10,12 @@ constexpr std::size_t kPiece = 1 << 17;
 
 }  // namespace
 
-FilePair::FilePair(const std::string& a, const std::string& b)
-    : fileA_(a), fileB_(b), good_(fileA_.problem.empty() && fileB_.problem.empty()) {
+FilePair::FilePair(const std::string& a, const std::string& b,
+                   std::function<void(std::uint64_t)> taken)
+    : tell_(std::move(taken)),
+      fileA_(a),
+      fileB_(b),
+      good_(fileA_.problem.empty() && fileB_.problem.empty()) {
   const auto room =
       static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, std::max(sizeOfA(), sizeOfB())));
   a_.resize(room);
@@ -25,6 +30,7 @@ bool FilePair::next() {
   good_ = !failedA && !failedB;
   size_ = std::min(ofA, ofB);
   taken_ += size_;
+  if (tell_) tell_(size_);
   return good_ && size_ > 0;
 }
 

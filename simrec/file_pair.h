@@ -1,6 +1,8 @@
 // Two files side by side, a piece of both at a time. Belongs to the call that opened it.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +13,9 @@ namespace simrec {
 
 class FilePair {
  public:
-  FilePair(const std::string& a, const std::string& b);
+  /// `taken`, where given, is told the size of each piece.
+  FilePair(const std::string& a, const std::string& b,
+           std::function<void(std::uint64_t bytes)> taken = {});
 
   /// Whether both are open, and nothing failed up to now.
   bool good() const { return good_; }
@@ -35,6 +39,7 @@ class FilePair {
   bool isSame();
 
  private:
+  std::function<void(std::uint64_t)> tell_;
   RegularFile fileA_, fileB_;
   std::vector<char> a_, b_;
   std::uint64_t taken_ = 0;

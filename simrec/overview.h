@@ -12,17 +12,23 @@ namespace simrec {
 
 struct Overview {
   std::set<int> cameras;
-  std::uint64_t records = 0;
-  std::uint64_t bytes = 0;             ///< of the record files
-  std::optional<std::int64_t> newest;  ///< of the record files; nanoseconds since 1970
-  bool looksLikeCapture = false;      ///< a name begins as records' do, or the folder can't be read
-  std::vector<std::string> problems;  ///< printable; a folder that can't be read is one
+  std::uint64_t records = 0;           ///< that a command can read
+  std::uint64_t bytes = 0;             ///< of the files with a record's name
+  std::optional<std::int64_t> newest;  ///< of these; nanoseconds since 1970
+  bool looksLikeCapture = false;  ///< a name begins as records' do, or the folder can't be read
+  /// Printable, by file; a folder that can't be read is one. Of very many the first, and then one
+  /// that tells how many more there are.
+  std::vector<std::string> problems;
+  std::uint64_t problemCount = 0;  ///< all of them
 };
 
 Overview overviewOf(const Capture& capture);
 
 /// The same of files that are at hand, in any order.
 Overview overviewOf(const Capture& capture, const std::vector<File>& files);
+
+/// Whether list has a row for it: a name in it begins as records' do, or it can't be read.
+bool looksLikeCapture(const Capture& capture);
 
 /// Records that another camera of the capture has. There may be as many as files times cameras, so
 /// only some are named.

@@ -69,6 +69,9 @@ void readBinary(const FileDescriptor& descriptor, std::uint64_t size, const Read
   if (std::string problem = sizeProblem(kind, size); !problem.empty()) {
     record.problems.push_back(std::move(problem));
   }
+  if (reading.binary && size > kLargestXml) {
+    record.problems.emplace_back("what follows the first 64 MB was not looked at");
+  }
   for (const Member& member : kind.members) addBinaryValue(member, reading, record);
 }
 
@@ -92,7 +95,11 @@ std::string pathOf(const FileDescriptor& descriptor, const std::string& path) {
 void readXml(const std::string& path, const FileDescriptor& descriptor, std::uint64_t size,
              const Reading& reading, Record& record) {
   if (size > kLargestXml) {
-    record.problems.emplace_back("more than 64 MB of XML: not read");
+    record.problems.emplace_back(kTooLargeXml);
+    return;
+  }
+  if (size == 0) {  // a file of /proc and the like tells no size, and to read it may take for ever
+    record.problems.emplace_back("empty");
     return;
   }
   if (size > kSmallXml && hasTooManyElements(descriptor)) {
@@ -103,7 +110,7 @@ void readXml(const std::string& path, const FileDescriptor& descriptor, std::uin
   const tinyxml2::XMLError error = size > kLargeXml ? record.document->LoadFile(path.c_str())
                                                     : record.document->load(path.c_str());
   if (error != tinyxml2::XML_SUCCESS) {
-    record.problems.push_back(xmlProblem(*record.document, size));
+    record.problems.push_back(xmlProblem(*record.document));
   }
   readXmlValues(*record.document, *record.file.parts->kind, reading.lists, record.values,
                 record.problems);
@@ -112,8 +119,12 @@ void readXml(const std::string& path, const FileDescriptor& descriptor, std::uin
 }  // namespace
 
 std::string sizeProblem(const Kind& kind, std::uint64_t size) {
-  if (kind.bytes == 0) return size == 0 ? "empty" : "";
+  if (size == 0) return "empty";
   if (size == kind.bytes) return "";
+  const bool floats = !kind.members.empty() && kind.members[0].shape == catalogue::Shape::kList;
+  const std::uint64_t rest = kind.bytes == 0 && floats ? size % sizeof(float) : 0;
+  if (rest != 0) return counted(rest, "byte") + " behind the last number";
+  if (kind.bytes == 0) return "";
   return counted(size, "byte") + " instead of " + std::to_string(kind.bytes);
 }
 

@@ -14,6 +14,7 @@ namespace simrec {
 
 /// XML beyond this, and more than this of a binary file, is not read.
 inline constexpr std::uint64_t kLargestXml = 64 << 20;
+inline constexpr char kTooLargeXml[] = "more than 64 MB of XML: not read";
 
 struct Record {
   File file;

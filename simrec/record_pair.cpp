@@ -1,6 +1,5 @@
 // Which records of two captures stand for the same thing.
 #include <algorithm>
-#include <map>
 #include <tuple>
 
 #include "simrec/comparison.h"
@@ -8,45 +7,45 @@
 namespace simrec {
 namespace {
 
-using catalogue::FileName;
-
 /// A record's name but for its index.
-auto withoutIndex(const FileName& parts) {
-  return std::make_tuple(parts.kind, parts.camera, parts.ev, parts.text);
+auto withoutIndex(const File& file) {
+  return std::tie(file.parts->kind, file.parts->camera, file.parts->ev, file.parts->text);
 }
 
-/// The same, and the record's place among those that only their index tells apart.
-using Key = std::pair<decltype(withoutIndex({})), std::size_t>;
-using Keyed = std::map<Key, const File*>;
+using Files = std::vector<const File*>;
 
-Keyed keyed(const std::vector<File>& files) {
-  std::map<decltype(withoutIndex({})), std::vector<const File*>> groups;
+/// Of what only their index tells apart, the one with the least is first.
+Files inOrder(const std::vector<File>& files) {
+  Files records;
   for (const File& file : files) {
-    if (file.parts) groups[withoutIndex(*file.parts)].push_back(&file);
+    if (file.parts) records.push_back(&file);
   }
-  Keyed result;
-  for (auto& [name, group] : groups) {
-    std::sort(group.begin(), group.end(), [](const File* a, const File* b) {
-      return a->parts->index.value_or(0) < b->parts->index.value_or(0);
-    });
-    for (std::size_t i = 0; i < group.size(); ++i) result[{name, i}] = group[i];
-  }
-  return result;
+  std::stable_sort(records.begin(), records.end(), [](const File* a, const File* b) {
+    const auto nameOfA = withoutIndex(*a), nameOfB = withoutIndex(*b);
+    return nameOfA < nameOfB || (nameOfA == nameOfB && a->parts->index < b->parts->index);
+  });
+  return records;
 }
 
 }  // namespace
 
 std::vector<RecordPair> pairRecords(const std::vector<File>& a, const std::vector<File>& b) {
-  std::map<Key, RecordPair> pairs;
-  for (const auto& [key, file] : keyed(a)) pairs[key].a = *file;
-  for (const auto& [key, file] : keyed(b)) pairs[key].b = *file;
-  std::vector<RecordPair> result;
-  result.reserve(pairs.size());
-  for (auto& [key, pair] : pairs) result.push_back(std::move(pair));
-  std::sort(result.begin(), result.end(), [](const RecordPair& left, const RecordPair& right) {
+  const Files inA = inOrder(a), inB = inOrder(b);
+  std::vector<RecordPair> pairs;
+  pairs.reserve(std::max(inA.size(), inB.size()));
+  for (auto ofA = inA.begin(), ofB = inB.begin(); ofA != inA.end() || ofB != inB.end();) {
+    const bool onlyA =
+        ofB == inB.end() || (ofA != inA.end() && withoutIndex(**ofA) < withoutIndex(**ofB));
+    const bool onlyB =
+        ofA == inA.end() || (ofB != inB.end() && withoutIndex(**ofB) < withoutIndex(**ofA));
+    RecordPair& pair = pairs.emplace_back();
+    if (!onlyB) pair.a = **ofA++;
+    if (!onlyA) pair.b = **ofB++;
+  }
+  std::sort(pairs.begin(), pairs.end(), [](const RecordPair& left, const RecordPair& right) {
     return left.any().name < right.any().name;
   });
-  return result;
+  return pairs;
 }
 
 }  // namespace simrec

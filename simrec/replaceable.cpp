@@ -1,8 +1,10 @@
 #include "simrec/replaceable.h"
 
+#include <fmt/format.h>
 #include <simulation/records.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace simrec {
 namespace {
@@ -58,6 +60,68 @@ class Marker {
   std::vector<std::uint8_t> bytes_;
 };
 
+/// Names the members that have bytes which are wanted and were not replaced.
+class Search {
+ public:
+  Search(std::vector<std::uint8_t> wanted, const std::vector<std::uint8_t>& replaced)
+      : left_(std::move(wanted)) {
+    for (std::size_t i = 0; i < left_.size(); ++i) {
+      if (replaced[i] != 0) left_[i] = 0;
+    }
+  }
+
+  void search(const Members& members, std::size_t base, const std::string& path) {
+    for (const Member& member : members) {
+      searchMember(member, base + member.offset, path + member.name);
+    }
+  }
+
+  std::vector<std::string> names() { return std::move(names_); }
+
+ private:
+  void searchMember(const Member& member, std::size_t at, const std::string& path) {
+    switch (member.shape) {
+      case Shape::kNumber:
+        if (isLeft(member, at)) names_.push_back(path);
+        return;
+      case Shape::kList:
+        return searchList(member, at, path);
+      case Shape::kGroup:
+        return search(member.members, at, path + ".");
+      case Shape::kArray:
+        break;
+    }
+    for (std::size_t i = 0; i < member.count; ++i, at += member.stride) {
+      search(member.members, at, fmt::format("{}[{}].", path, i));
+    }
+  }
+
+  void searchList(const Member& member, std::size_t at, const std::string& path) {
+    std::optional<std::size_t> first;
+    std::size_t last = 0;
+    for (std::size_t i = 0; i < member.count; ++i, at += member.stride) {
+      if (!isLeft(member, at)) continue;
+      if (!first) first = i;
+      last = i;
+    }
+    if (!first) return;
+    const bool all = *first == 0 && last + 1 == member.count;
+    names_.push_back(all              ? path
+                     : *first == last ? fmt::format("{}[{}]", path, last)
+                                      : fmt::format("{}[{}] to [{}]", path, *first, last));
+  }
+
+  bool isLeft(const Member& member, std::size_t at) const {
+    const auto begin = left_.begin() + static_cast<std::ptrdiff_t>(std::min(at, left_.size()));
+    const auto size = std::min<std::ptrdiff_t>(left_.end() - begin,
+                                               static_cast<std::ptrdiff_t>(sizeOf(member.type)));
+    return std::any_of(begin, begin + size, [](std::uint8_t byte) { return byte != 0; });
+  }
+
+  std::vector<std::uint8_t> left_;
+  std::vector<std::string> names_;
+};
+
 std::size_t headerNumber(const Values& values, std::string_view name) {
   const Value* const value = find(values, name);
   return value != nullptr ? static_cast<std::size_t>(value->number()->integer) : 0;
@@ -89,6 +153,13 @@ std::vector<std::uint8_t> replaceableBytes(const Record& record, std::size_t siz
     marker.markMembers(kind.members, 0, &record.values);
   }
   return marker.bytes();
+}
+
+std::vector<std::string> membersLeft(const Record& record,
+                                     const std::vector<std::uint8_t>& replaced) {
+  Search search(replaceableBytes(record, replaced.size()), replaced);
+  search.search(record.file.parts->kind->members, 0, "");
+  return search.names();
 }
 
 }  // namespace simrec

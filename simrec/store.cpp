@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <tuple>
 #include <utility>
 
@@ -59,9 +60,11 @@ std::vector<Capture> requestsIn(const std::string& data) {
   return captures;
 }
 
-bool exists(const Capture& capture) {
+/// The errno that tells why it is no folder; 0: it is one.
+int whyNoFolder(const std::string& path) {
   struct stat status;
-  return stat(capture.path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  if (stat(path.c_str(), &status) != 0) return errno;
+  return S_ISDIR(status.st_mode) ? 0 : ENOTDIR;
 }
 
 /// "57/0", as a request is named.
@@ -138,9 +141,18 @@ Capture Store::find(const std::string& name) const {
   } else if (name.find('/') != std::string::npos) {
     capture = {name, name, CaptureKind::kFolder};
   }
-  const bool named = !name.empty() && name != "." && name != "..";
-  if (named && exists(capture)) return capture;
+  if (name == kTmpFolder) {  // stands for the requests in it where these can't be listed
+    const std::vector<Capture> requests = requestsIn(data_);
+    if (!requests.empty() && !requests.front().request) return requests.front();
+  }
+  const bool named = capture.kind != CaptureKind::kImage || (!name.empty() && mayBeImage(name));
+  const int why = named ? whyNoFolder(capture.path) : ENOENT;
+  if (why == 0) return capture;
+  if (capture.kind == CaptureKind::kFolder && why == ENOENT) {
+    throw Error("no capture is called '" + name + "'");
+  }
   if (capture.kind != CaptureKind::kFolder) Folder{data_};  // throws what is wrong with it
+  if (why != ENOENT) throw Error(capture.path + ": " + std::strerror(why));
   throw Error("no capture is called '" + name + "' in " + data_);
 }
 

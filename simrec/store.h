@@ -29,6 +29,8 @@ struct File {
   std::int64_t modified = 0;  ///< nanoseconds since 1970
 
   bool isRecord() const { return parts.has_value(); }
+  /// What can't be looked at has no time.
+  bool hasTime() const { return type != FileType::kDanglingLink && type != FileType::kUnreachable; }
 };
 
 enum class CaptureKind {
@@ -64,7 +66,7 @@ class Store {
   std::vector<Capture> captures() const;
 
   /// The capture that a person names: an image, "57/0", "staged" or a path with a '/' to any
-  /// folder. Throws Error when there is none.
+  /// folder. Throws Error when there is none, or it can't be looked at.
   Capture find(const std::string& name) const;
 
  private:

@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstring>
 #include <system_error>
+#include <utility>
 
 #include "core/log.h"
 #include "simrec/trial_child.h"
@@ -62,8 +63,8 @@ void makeStatics() {
 
 }  // namespace
 
-TrialRunner::TrialRunner(TrialLimits limits)
-    : limits_(limits), memory_(std::make_unique<TrialMemory>()) {
+TrialRunner::TrialRunner(TrialLimits limits, std::function<void()> waiting)
+    : limits_(limits), waiting_(std::move(waiting)), memory_(std::make_unique<TrialMemory>()) {
   makeStatics();
 }
 
@@ -127,12 +128,14 @@ TrialRunner::Answer TrialRunner::waitForAnswer() const {
   const auto deadline = steady_clock::now() + limits_.time;
   pollfd answered = {socket_->get(), POLLIN, 0};
   for (;;) {
-    const auto left =
-        std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now()).count();
-    const int ready = poll(&answered, 1, static_cast<int>(std::max<decltype(left)>(left, 0)));
-    if (ready < 0 && errno == EINTR) continue;
-    if (ready <= 0) return Answer::kLate;
-    break;
+    constexpr std::chrono::milliseconds kNothing{0}, kPiece{100};
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
+    const int ready =
+        poll(&answered, 1, static_cast<int>(std::clamp(left, kNothing, kPiece).count()));
+    if (ready > 0) break;
+    if (ready < 0 && errno != EINTR) return Answer::kLate;
+    if (left <= kNothing) return Answer::kLate;
+    if (waiting_) waiting_();
   }
   char byte = 0;
   if (recv(socket_->get(), &byte, 1, 0) != 1) return Answer::kGone;

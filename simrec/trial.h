@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -62,8 +63,9 @@ class TrialMemory;
 /// place of one that died. Not for two threads at once, but each may have its own.
 class TrialRunner {
  public:
-  /// Throws std::system_error when there is no address space (half a GB).
-  explicit TrialRunner(TrialLimits limits = {});
+  /// Throws std::system_error when there is no address space (half a GB). `waiting`, where given,
+  /// is called some times a second while a trial goes on.
+  explicit TrialRunner(TrialLimits limits = {}, std::function<void()> waiting = {});
   ~TrialRunner();
   TrialRunner(const TrialRunner&) = delete;
   TrialRunner& operator=(const TrialRunner&) = delete;
@@ -84,6 +86,7 @@ class TrialRunner {
   void endChild();
 
   const TrialLimits limits_;
+  const std::function<void()> waiting_;
   const std::unique_ptr<TrialMemory> memory_;
   pid_t child_ = -1;
   std::optional<simulation::FileDescriptor> socket_;

@@ -82,6 +82,7 @@ class ValueComparison {
       result_.lists.push_back(std::move(difference));
       return;
     }
+    if (!a->list()->whole || !b->list()->whole) return;  // a problem of the record tells where
     std::visit(
         [&](const auto& inA) {
           const auto& inB = std::get<std::decay_t<decltype(inA)>>(b->list()->values);

@@ -144,7 +144,8 @@ class Reader {
   std::vector<std::string>& problems_;
 };
 
-/// A list that ends early, or goes on for too long.
+/// A list that ends early, or goes on for too long. Of one that was not read to its end the
+/// numbers are not counted.
 void tellLengths(const Values& values, Reader& reader) {
   std::size_t regions = 0;
   bool grid = false;
@@ -154,7 +155,7 @@ void tellLengths(const Values& values, Reader& reader) {
   }
   for (const Value& value : values) {
     const NumberList* const list = value.list();
-    if (list == nullptr) continue;
+    if (list == nullptr || !list->whole) continue;
     const bool perRegion = grid && value.member->carrier == Carrier::kElement;
     const std::size_t wanted = perRegion ? regions : value.member->count;
     if (list->size() == wanted) continue;
@@ -184,8 +185,7 @@ const char* wordsFor(tinyxml2::XMLError error) {
 
 }  // namespace
 
-std::string xmlProblem(const simulation::RecordDocument& document, std::uint64_t size) {
-  if (size == 0) return "empty";
+std::string xmlProblem(const simulation::RecordDocument& document) {
   const std::string words = wordsFor(document.ErrorID());
   return document.ErrorLineNum() > 0 ? fmt::format("{} (line {})", words, document.ErrorLineNum())
                                      : words;

@@ -10,8 +10,8 @@
 
 namespace simrec {
 
-/// What kept `document`, a file of `size` bytes, from being loaded, in words.
-std::string xmlProblem(const simulation::RecordDocument& document, std::uint64_t size);
+/// What kept `document` from being loaded, in words.
+std::string xmlProblem(const simulation::RecordDocument& document);
 
 /// Adds the values that the document has, in the order of the members, and what is odd: members
 /// that are missing or no value of their type, elements and attributes that are none.

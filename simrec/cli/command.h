@@ -55,6 +55,7 @@ struct SelectionOptions {
   void addCamera(CLI::App& command);
   void addKinds(CLI::App& command);
   Selection selection() const { return {kinds, camera}; }
+  bool isGiven() const { return !kinds.empty() || camera; }
 };
 
 /// Adds a subcommand; `run` becomes what `makeRun` does with its options once it is chosen.

@@ -5,12 +5,17 @@
 #include "simrec/cli/command.h"
 #include "simrec/cli/output.h"
 #include "simrec/error.h"
+#include "simrec/overview.h"
 #include "simrec/text.h"
 
 namespace simrec::cli {
 namespace {
 
 bool isOption(std::string_view word) { return word.size() > 1 && word[0] == '-'; }
+
+bool startsWith(const std::string& word, const std::string& begin) {
+  return word.compare(0, begin.size(), begin) == 0;
+}
 
 bool takesValue(const CLI::Option& option) { return option.get_items_expected_max() > 0; }
 
@@ -54,8 +59,7 @@ class Call {
 
  private:
   static void put(const std::string& word, const std::string& begin, const std::string& remark) {
-    if (word.compare(0, begin.size(), begin) != 0) return;
-    print("{}\t{}\n", word, remark.substr(0, remark.find('\n')));
+    if (startsWith(word, begin)) print("{}\t{}\n", word, remark.substr(0, remark.find('\n')));
   }
 
   const CLI::Option* optionNamed(const std::string& name) const {
@@ -106,15 +110,23 @@ class Call {
     }
   }
 
-  /// Names that fit in a line as they are; others are to be typed.
+  /// Names that fit in a line as they are and are taken for no option; others are to be typed.
   void offerCaptures(const std::string& begin) const {
     for (const Capture& capture : shared_.store().captures()) {
-      if (printable(capture.name) == capture.name) put(capture.name, begin, nameOf(capture.kind));
+      const std::string& name = capture.name;
+      const bool fits = startsWith(name, begin) && name[0] != '-' && printable(name) == name;
+      if (fits && looksLikeCapture(capture)) put(name, begin, nameOf(capture.kind));
     }
   }
 
+  /// By their names; also by what stands behind the family, where that was begun and is enough.
   static void offerKinds(const std::string& begin) {
-    for (const catalogue::Kind& kind : catalogue::kinds()) put(kind.name, begin, kind.content);
+    for (const catalogue::Kind& kind : catalogue::kinds()) {
+      put(kind.name, begin, kind.content);
+      const std::string name = kind.name, tail = name.substr(name.find('_') + 1);
+      const bool own = tail != name && catalogue::kindsLike(tail).size() == 1;
+      if (own && !begin.empty()) put(tail, begin, kind.content);
+    }
   }
 
   void offerPositional(const std::string& begin) const {

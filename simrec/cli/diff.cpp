@@ -192,6 +192,38 @@ void putJson(const Capture& a, const Capture& b, const Tally& tally,
   document.end();
 }
 
+/// A bar over the bytes of all pairs, some of which are told while a pair is compared.
+class Work {
+ public:
+  Work(const std::vector<RecordPair>& pairs, bool quiet)
+      : progress_("Comparing", in(pairs), quiet, Progress::Unit::kBytes) {}
+
+  void add(std::uint64_t bytes) {
+    told_ += bytes;
+    progress_.step(bytes);
+  }
+
+  void end(const RecordPair& pair) {
+    const std::uint64_t all = in(pair);
+    progress_.step(all > told_ ? all - told_ : 0);
+    told_ = 0;
+  }
+
+ private:
+  static std::uint64_t in(const RecordPair& pair) {
+    return std::max(pair.a ? pair.a->bytes : 0, pair.b ? pair.b->bytes : 0);
+  }
+
+  static std::uint64_t in(const std::vector<RecordPair>& pairs) {
+    std::uint64_t bytes = 0;
+    for (const RecordPair& pair : pairs) bytes += in(pair);
+    return bytes;
+  }
+
+  Progress progress_;
+  std::uint64_t told_ = 0;  ///< of this pair
+};
+
 Status diff(const Options& options) {
   if (!(options.tolerance.relative >= 0 && options.tolerance.absolute >= 0)) {
     throw Error("--relative and --absolute are numbers from 0 on");
@@ -201,18 +233,22 @@ Status diff(const Options& options) {
   const Capture a = store.find(options.a), b = store.find(options.b);
   const std::vector<RecordPair> pairs =
       pairRecords(selection.of(filesOf(a)), selection.of(filesOf(b)));
+  if (pairs.empty() && options.selection.isGiven()) {
+    throw Error("neither capture has a record of that kind or camera");
+  }
   Tally tally;
   std::vector<std::string> records;
-  Progress progress("Comparing", pairs.size(), options.shared.quiet);
+  Work work(pairs, options.shared.quiet);
   for (const RecordPair& pair : pairs) {
-    const RecordDifference difference = compareRecords(a.path, b.path, pair, options.tolerance);
+    const RecordDifference difference = compareRecords(a.path, b.path, pair, options.tolerance,
+                                                       [&](auto bytes) { work.add(bytes); });
     tally.add(difference.outcome);
     if (options.json) {
       records.push_back(jsonOf(pair, difference));
     } else {
       putRecord(pair, difference);
     }
-    progress.step();
+    work.end(pair);
   }
   options.json ? putJson(a, b, tally, records) : putTally(tally);
   return tally.isSame() ? kDone : kFindings;

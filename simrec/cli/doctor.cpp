@@ -2,6 +2,8 @@
 #include "simrec/cli/command.h"
 #include "simrec/cli/output.h"
 #include "simrec/diagnosis.h"
+#include "simrec/error.h"
+#include "simrec/overview.h"
 #include "simrec/text.h"
 
 namespace simrec::cli {
@@ -50,33 +52,71 @@ std::vector<Capture> capturesOf(const Store& store, const std::vector<std::strin
   return captures;
 }
 
+/// What was examined and found.
+struct Tally {
+  std::uint64_t captures = 0;
+  std::uint64_t findings[3] = {};  ///< by severity
+
+  void add(const std::vector<Finding>& found) {
+    ++captures;
+    for (const Finding& finding : found) ++findings[static_cast<int>(finding.severity)];
+  }
+};
+
+SizeSurvey survey(const Store& store, bool quiet) {
+  Progress progress("Looking", 0, quiet);
+  return surveySizes(store, [&] { progress.step(); });
+}
+
+/// How much there is to do: captures, or the files of one alone.
+std::uint64_t workIn(const std::vector<Capture>& captures) {
+  if (captures.size() != 1) return captures.size();
+  try {
+    return unsortedFilesOf(captures.front()).size();
+  } catch (const Error&) {  // examining it will tell
+    return 0;
+  }
+}
+
+/// Calls `use` with each capture and its findings as they come. Of all captures, somebody else's
+/// folders are left out.
+template <typename Use>
+void forEachExamined(const Options& options, const Store& store,
+                     const std::vector<Capture>& captures, Use use) {
+  const SizeSurvey sizes = survey(store, options.shared.quiet);
+  const bool alone = captures.size() == 1;
+  Progress progress("Examining", workIn(captures), options.shared.quiet);
+  Doctor doctor(sizes, [&] { progress.step(0); });
+  for (const Capture& capture : captures) {
+    if (!options.captures.empty() || looksLikeCapture(capture)) {
+      use(capture, doctor.examine(capture, [&] { progress.step(alone ? 1 : 0); }));
+    }
+    if (!alone) progress.step();
+  }
+}
+
 Status examine(const Options& options) {
   const Store store = options.shared.store();
   const std::vector<Capture> captures = capturesOf(store, options.captures);
-  Doctor doctor(surveySizes(store));
+  Tally tally;
   std::optional<JsonDocument> document;
   if (options.json) document.emplace(Json::object(), "captures");
-  std::size_t counts[3] = {};
-  {
-    Progress progress("Examining", captures.size(), options.shared.quiet);
-    for (const Capture& capture : captures) {
-      const std::vector<Finding> findings = doctor.examine(capture);
-      for (const Finding& finding : findings) ++counts[static_cast<int>(finding.severity)];
-      if (document) {
-        document->add(dump(jsonOf(capture, findings)));
-      } else {
-        putFindings(capture, findings);
-      }
-      progress.step();
+  forEachExamined(options, store, captures, [&](const Capture& capture, const auto& findings) {
+    tally.add(findings);
+    if (document) {
+      document->add(dump(jsonOf(capture, findings)));
+    } else {
+      putFindings(capture, findings);
     }
-  }
+  });
+  const auto& [errors, warnings, notes] = tally.findings;
   if (document) {
     document->end();
   } else {
-    print("{} examined: {}, {}, {}.\n", counted(captures.size(), "capture"),
-          counted(counts[0], "error"), counted(counts[1], "warning"), counted(counts[2], "note"));
+    print("{} examined: {}, {}, {}.\n", counted(tally.captures, "capture"),
+          counted(errors, "error"), counted(warnings, "warning"), counted(notes, "note"));
   }
-  return counts[0] + counts[1] == 0 ? kDone : kFindings;
+  return errors + warnings == 0 ? kDone : kFindings;
 }
 
 }  // namespace

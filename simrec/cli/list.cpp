@@ -75,7 +75,7 @@ void putRow(const Row& row) {
   for (const int camera : row.overview.cameras) {
     cameras += (cameras.empty() ? "" : ",") + std::to_string(camera);
   }
-  const auto problems = row.overview.problems.size();
+  const auto problems = row.overview.problemCount;
   print("{:<24} {:<8} {:<8} {:>7} {:>10}  {}{}\n", printable(row.capture.name),
         nameOf(row.capture.kind), cameras, row.overview.records, sizeText(row.overview.bytes),
         row.overview.newest ? localTime(*row.overview.newest) : "-",
@@ -116,7 +116,7 @@ void addList(CLI::App& app, const Shared& shared, Run& run) {
       ->transform([orders](const std::string& word) {
         const auto found = orders.find(word);
         if (found == orders.end())
-          throw CLI::ValidationError("--sort", "'" + word + "' is none of name, time and bytes");
+          throw CLI::ValidationError("'" + word + "' is none of name, time and bytes");
         return std::to_string(static_cast<int>(found->second));
       })
       ->type_name("name|time|bytes");

@@ -1,4 +1,7 @@
 // simrec: what operators do with a folder of captures. Each command is a file of its own.
+#include <sys/resource.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <sstream>
@@ -39,6 +42,11 @@ int endParsing(const CLI::App& app, const CLI::ParseError& error) {
     flushOutput();
     return kDone;
   }
+  const std::vector<std::string> unknown = app.remaining();
+  if (app.get_subcommands().empty() && !unknown.empty()) {
+    const std::string& word = unknown.front();
+    return fail((word[0] == '-' ? "no option is called '" : "no command is called '") + word + "'");
+  }
   const std::string why = error.what();
   return fail(why.substr(0, why.find('\n')));
 }
@@ -65,6 +73,40 @@ void addHelp(CLI::App& app, Run& run) {
   });
 }
 
+/// An option's value that is empty is none: '' would be the number 0.
+void refuseEmptyValues(CLI::App& app) {
+  for (CLI::Option* const option : app.get_options()) {
+    if (option->get_positional() || option->get_items_expected_max() == 0) continue;
+    option->check(
+        [](const std::string& value) { return value.empty() ? "no value is given" : ""; });
+  }
+  for (CLI::App* const command : app.get_subcommands([](auto*) { return true; })) {
+    refuseEmptyValues(*command);
+  }
+}
+
+/// As in --data=, for which the next word would be taken.
+void refuseMissingValues(int argc, const char* const* argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    if (word == "--") return;
+    if (word.substr(0, 2) == "--" && word.find('=') + 1 == word.size()) {
+      throw Error(word.substr(0, word.size() - 1) + ": no value is given");
+    }
+  }
+}
+
+/// That too few files may be open at once would be told as the fault of a capture.
+void takeDescriptors() {
+  constexpr rlim_t kNeeded = 64;
+  rlimit limit = {};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= kNeeded) return;
+  limit.rlim_cur = std::min(kNeeded, limit.rlim_max);
+  if (limit.rlim_cur < kNeeded || setrlimit(RLIMIT_NOFILE, &limit) != 0) {
+    throw Error("fewer than 64 files may be open at once (ulimit -n)");
+  }
+}
+
 int runProgram(int argc, const char* const* argv) {
   CLI::App app("Looks into, checks, compares and replays captures of libsimulation.", "simrec");
   app.require_subcommand(1);
@@ -76,6 +118,7 @@ int runProgram(int argc, const char* const* argv) {
       ->type_name("DIR");
   app.add_flag("--quiet", shared.quiet, "no progress bar");
   for (const AddCommand add : kCommands) add(app, shared, run);
+  refuseEmptyValues(app);
   addHelp(app, run);
   explain(
       app,
@@ -85,7 +128,9 @@ int runProgram(int argc, const char* const* argv) {
     if (argc > 1 && argv[1] == std::string("complete")) {
       run = [&] { return complete(app, {argv + 2, argv + argc}); };
     } else {
+      refuseMissingValues(argc, argv);
       app.parse(argc, argv);
+      takeDescriptors();
     }
   } catch (const CLI::ParseError& error) {
     return endParsing(app, error);

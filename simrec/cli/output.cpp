@@ -9,27 +9,50 @@
 #include <cstring>
 
 #include "simrec/error.h"
+#include "simrec/text.h"
 
 namespace simrec::cli {
 namespace {
 
 using namespace std::chrono_literals;
 
-/// Whether a bar stands on stderr.
-bool barDrawn = false;
+/// The bar that stands on stderr; empty: none.
+std::string bar;
+
+/// What is on the terminal ends within a line, over which a bar would be drawn.
+bool lineIsOpen = false;
+
+bool writesToTerminal() {
+  static const bool terminal = isatty(STDOUT_FILENO) == 1;
+  return terminal;
+}
+
+void drawBar() { std::fputs(bar.c_str(), stderr); }
 
 void eraseBar() {
-  if (barDrawn) std::fputs("\r\x1b[K", stderr);
-  barDrawn = false;
+  if (!bar.empty()) std::fputs("\r\x1b[K", stderr);
 }
 
 void fail() { throw Error(std::string("stdout: ") + std::strerror(errno)); }
 
+void write(std::string_view text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) fail();
+}
+
+/// Both may be the same terminal.
+void writeAroundBar(std::string_view text) {
+  eraseBar();
+  lineIsOpen = text.back() != '\n';
+  if (lineIsOpen) bar.clear();
+  write(text);
+  drawBar();
+}
+
 }  // namespace
 
 void put(std::string_view text) {
-  eraseBar();  // both may be the same terminal
-  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) fail();
+  if (text.empty()) return;
+  writesToTerminal() ? writeAroundBar(text) : write(text);
 }
 
 void flushOutput() {
@@ -64,33 +87,41 @@ void JsonDocument::add(std::string_view item) {
 
 void JsonDocument::end() { put("]}\n"); }
 
-Progress::Progress(const char* what, std::uint64_t total, bool quiet)
+Progress::Progress(const char* what, std::uint64_t total, bool quiet, Unit unit)
     : what_(what),
       total_(total),
+      unit_(unit),
       shown_(!quiet && isatty(STDERR_FILENO) == 1),
       next_(std::chrono::steady_clock::now() + 1s) {}
 
-Progress::~Progress() { eraseBar(); }
+Progress::~Progress() {
+  eraseBar();
+  bar.clear();
+}
 
 void Progress::step(std::uint64_t count) {
   done_ += count;
-  if (!shown_) return;
+  if (!shown_ || lineIsOpen) return;
   const auto now = std::chrono::steady_clock::now();
   if (now < next_) return;
   next_ = now + 100ms;
   draw();
 }
 
+std::string Progress::amount(std::uint64_t count) const {
+  return unit_ == Unit::kBytes ? sizeText(count) : std::to_string(count);
+}
+
 void Progress::draw() {
-  barDrawn = true;
-  if (total_ == 0) {
-    fmt::print(stderr, "\r{} {}\x1b[K", what_, done_);
-    return;
+  bar = fmt::format("\r{} {}\x1b[K", what_, amount(done_));
+  if (total_ > 0) {
+    constexpr std::size_t kWidth = 30;
+    const double share = static_cast<double>(done_) / static_cast<double>(total_);
+    const auto filled = static_cast<std::size_t>(kWidth * std::min(share, 1.0));
+    bar = fmt::format("\r{} [{}{}] {}/{}\x1b[K", what_, std::string(filled, '#'),
+                      std::string(kWidth - filled, '.'), amount(done_), amount(total_));
   }
-  constexpr std::size_t kWidth = 30;
-  const auto filled = static_cast<std::size_t>(kWidth * std::min(done_, total_) / total_);
-  fmt::print(stderr, "\r{} [{}{}] {}/{}\x1b[K", what_, std::string(filled, '#'),
-             std::string(kWidth - filled, '.'), done_, total_);
+  drawBar();
 }
 
 }  // namespace simrec::cli

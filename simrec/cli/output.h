@@ -45,19 +45,24 @@ class JsonDocument {
 /// A bar on stderr, once the work takes more than a second, where stderr is a terminal.
 class Progress {
  public:
+  enum class Unit { kPieces, kBytes };
+
   /// `total` 0: not known.
-  Progress(const char* what, std::uint64_t total, bool quiet);
+  Progress(const char* what, std::uint64_t total, bool quiet, Unit unit = Unit::kPieces);
   ~Progress();
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
+  /// So much more is done; 0: nothing is, but the work goes on.
   void step(std::uint64_t count = 1);
 
  private:
+  std::string amount(std::uint64_t count) const;
   void draw();
 
   const char* what_;
   std::uint64_t total_, done_ = 0;
+  Unit unit_;
   bool shown_;
   std::chrono::steady_clock::time_point next_;
 };

@@ -25,7 +25,7 @@ void putJson(const Record& record, bool lists, JsonDocument& document) {
   setParts(head, *record.file.parts);
   setName(head, "file", "fileBytes", record.file.name);
   head["bytes"] = record.file.bytes;
-  head["modified"] = utcTime(record.file.modified);
+  head["modified"] = record.file.hasTime() ? Json(utcTime(record.file.modified)) : Json();
   std::string text = dump(head);
   text.pop_back();
   document.add(text + ",\"values\":");
@@ -133,8 +133,9 @@ void putHexDump(std::string_view bytes) {
 void putRecord(const Record& record, bool lists) {
   const auto& kind = *record.file.parts->kind;
   print("{}  {}\n", colored(Color::kBold, printable(record.file.name)),
-        colored(Color::kFaint, fmt::format("{}, {}, {}", kind.content, sizeText(record.file.bytes),
-                                           localTime(record.file.modified))));
+        colored(Color::kFaint,
+                fmt::format("{}, {}, {}", kind.content, sizeText(record.file.bytes),
+                            record.file.hasTime() ? localTime(record.file.modified) : "-")));
   for (const std::string& problem : record.problems) {
     print("  {} {}\n", colored(Color::kRed, "problem:"), problem);
   }
@@ -143,10 +144,6 @@ void putRecord(const Record& record, bool lists) {
   }
   putValues(record.values, "", record, lists);
   if (lists) putHexDump(record.bytes);
-  const bool cut = lists && record.bytes.size() < record.file.bytes;
-  if (cut && kind.format == catalogue::Format::kBinary) {
-    print("    only the first {} are shown\n", sizeText(record.bytes.size()));
-  }
   put("\n");
 }
 

@@ -99,6 +99,9 @@ const Row kRows[] = {
     {kExposure, exposure("1", "1", "5", "1 2 3 4 "), exposure("1", "1", "5", "1 3 "),
      "different; BETemplateMatrix 3/4 [1,3] max 1 at 1 rms 0.707; "
      "b: BETemplateMatrix: 2 numbers instead of 4"},
+    {kExposure, exposure("1", "1", "5", "1 x 3 4 "), exposure("2", "1", "5"),
+     "different; luxIndex 1 2 by 1 0.5; "
+     "a: BETemplateMatrix: \"x\" is no number of this list (at number 1)"},
     // The same damage is the same; other damage is told.
     {kSync, "<AWBsync", "<AWBsync", "same"},
     {kSync, "", "", "same"},
@@ -122,7 +125,11 @@ const Row kRows[] = {
      "different; values 1/3 [2,2] max 1 at 2 rms 0.577; [10,11)"},
     {kFloats, floats({1, 2, 3}), floats({1, 2, 4}), "same", {0.25, 0}},
     {kFloats, floats({0}), floats({-0.0F}), "same"},
-    {kFloats, floats({1}) + "x", floats({1}) + "y", "different; [4,5)", {1, 1}},
+    {kFloats,
+     floats({1}) + "x",
+     floats({1}) + "y",
+     "different; [4,5); a: 1 byte behind the last number; b: 1 byte behind the last number",
+     {1, 1}},
 };
 
 TEST(SimrecComparison, TellsWhatDiffers) {
@@ -160,6 +167,22 @@ TEST(SimrecComparison, TellsWhatIsMissing) {
   EXPECT_EQ(textOf(difference).substr(0, 93),
             "different; LuxIndex 1 - by -; ExposureIndexLong.ExposureTime 5 - by -; DrcGain - "
             "2 by -; a: D");
+}
+
+/// For whoever waits for a large pair.
+TEST(SimrecComparison, TellsHowFarItIs) {
+  const TempFolder folder;
+  for (const char* side : {"a/", "b/"})
+    folder.write(side + std::string(kBytes), std::string(300'000, 'x'));
+  RecordPair pair;
+  pair.a = pair.b = File{kBytes, catalogue::parseFileName(kBytes)};
+  std::uint64_t pieces = 0, told = 0;
+  compareRecords(folder.path() + "/a", folder.path() + "/b", pair, {}, [&](std::uint64_t bytes) {
+    ++pieces;
+    told += bytes;
+  });
+  EXPECT_GT(pieces, 1U);
+  EXPECT_EQ(told, 300'000U);
 }
 
 /// Lens shading is paired by text, step and order; everything else by its whole name.

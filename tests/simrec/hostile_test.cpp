@@ -1,6 +1,7 @@
 // Whatever a folder holds: every command ends with a documented status, nothing is printed raw,
 // no file hides another.
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -141,6 +142,100 @@ TEST_F(HostileData, NoFileHidesAnother) {
         "a folder", "Permission denied", "\"\\x1b\\n\xEF\xBF\xBD\" is no number"}) {
     EXPECT_NE(show.find(part), std::string::npos) << part << '\n' << show;
   }
+}
+
+/// Each with the status it ends with and a part of what it says.
+TEST_F(HostileData, SaysWhatIsWrong) {
+  const std::string closed = folder.path() + "/IMG_3/x";
+  const struct {
+    std::vector<std::string> command;
+    int status;
+    std::string due;
+  } kCalls[] = {
+      {{"lis"}, 2, "simrec: no command is called 'lis'\n"},
+      {{"--version"}, 2, "simrec: no option is called '--version'\n"},
+      {{"--data=", "list"}, 2, "simrec: --data: no value is given\n"},
+      {{"list", "--sort", "foo"}, 2, "simrec: --sort: 'foo' is none of name, time and bytes\n"},
+      {{"show", "IMG_2", "--camera", ""}, 2, "simrec: --camera: no value is given\n"},
+      {{"show", "IMG_2", ""}, 2, "simrec: no kind of record is called ''\n"},
+      {{"show", "IMG_9"}, 2, "simrec: no capture is called 'IMG_9' in " + folder.path()},
+      {{"show", "./IMG_9"}, 2, "simrec: no capture is called './IMG_9'\n"},
+      {{"show", closed}, 2, "simrec: " + closed + ": Permission denied\n"},
+      {{"show", "1/0"}, 2, "/tmp/RequestID[1]_camId[0]: Permission denied\n"},
+      {{"show", "notes"}, 2, "/notes: Not a directory\n"},
+      {{"show", ".hidden"}, 2, "simrec: no capture is called '.hidden'"},
+      {{"diff", "IMG_2", "IMG_2", "TuningMode", "--camera", "7"}, 2, "simrec: neither capture has"},
+      {{"doctor", "tmp"}, 1, "/tmp: Permission denied; readback: none"},
+      {{"show", "IMG_2", "PureColorRes", "--json"}, 0, "\"modified\":null"},
+      {{"list", "--json"},
+       0,
+       "\"name\":\"IMG_2\",\"kind\":\"image\",\"cameras\":[0,1],\"records\":5,"},
+      {{"list", "--json"}, 0, "OTPData_camId[0].xml: more than 64 MB of XML: not read"},
+      {{"complete", "show", "IMG_2", "OT"}, 0, "OTPData\t"},
+  };
+  folder.write("notes", "no capture");
+  folder.write(".hidden/simulation_AWB_TuningMode_camId[0].bin", "x");
+  for (const auto& call : kCalls) {
+    std::vector<std::string> command = call.command;
+    if (command[0] == "complete") {
+      command.insert(command.begin() + 1, "--data=" + folder.path());
+    } else if (command[0] != "--data=") {
+      command.insert(command.end(), {"--data", folder.path()});
+    }
+    const Ended ended = run(command, true);
+    EXPECT_EQ(ended.status, call.status) << call.due;
+    EXPECT_NE(ended.output.find(call.due), std::string::npos) << call.due << '\n' << ended.output;
+  }
+  chmod((folder.path() + "/tmp").c_str(), 0755);
+  EXPECT_EQ(run({"show", "tmp", "--data", folder.path()}).status, 2);
+}
+
+TEST(SimrecHostile, FoldersWithoutRecordsAreNoCaptures) {
+  const TempFolder folder;
+  folder.write("DCIM/a.jpg", "x");
+  folder.write("-x/simulation_AWB_FaceROI_camId[0].bin", "");
+  fs::create_directory(folder.path() + "/IMG_empty");
+  EXPECT_EQ(run({"doctor", "--data", folder.path()}).output,
+            "-x\n  simulation_AWB_FaceROI_camId[0].bin\n    error: empty; readback: none\n"
+            "1 capture examined: 1 error, 0 warnings, 0 notes.\n");
+  EXPECT_EQ(run({"complete", "--data", folder.path(), "show", ""}).output, "");
+}
+
+/// What a folder of very many files costs does not go into texts.
+TEST(SimrecHostile, VeryManyProblemsAreCounted) {
+  std::vector<File> files;
+  for (int i = 999; i >= 0; --i) {
+    const std::string name = "simulation_AE_AECData_camId[0]_ev[" + std::to_string(i) + "].xml";
+    files.push_back({name, catalogue::parseFileName(name)});
+  }
+  const std::string other = "simulation_AWB_AECData_camId[1].xml";
+  files.push_back({other, catalogue::parseFileName(other), FileType::kRegular, 1});
+  const Overview overview = overviewOf({"IMG", "nowhere"}, files);
+  EXPECT_EQ(overview.problemCount, 1000U + 1000 + 1);
+  ASSERT_EQ(overview.problems.size(), 101U);
+  EXPECT_EQ(overview.problems.front(), "simulation_AE_AECData_camId[0]_ev[0].xml: empty");
+  EXPECT_EQ(overview.problems.back(), "and 1901 more problems");
+}
+
+std::string problemsOf(const std::string& path) {
+  const fs::path file = path;
+  const File entry = {file.filename(), catalogue::parseFileName(file.filename().string())};
+  const Record record = readRecord(file.parent_path(), entry);
+  std::string problems;
+  for (const std::string& problem : record.problems) problems += problem + "\n";
+  return problems;
+}
+
+TEST(SimrecHostile, WhatWasNotReadIsTold) {
+  const TempFolder folder;
+  const std::string large = folder.write("simulation_ACB_acb_camId[0].bin", "");
+  truncate(large.c_str(), static_cast<off_t>(kLargestXml) + 1);
+  EXPECT_EQ(problemsOf(large), "what follows the first 64 MB was not looked at\n");
+  // A file of /proc tells no size: one of these waits for ever.
+  const std::string sizeless = folder.path() + "/simulation_ZOAWB_SyncInfo_camId[0].xml";
+  fs::create_symlink("/proc/self/comm", sizeless);
+  EXPECT_EQ(prctl(PR_SET_NAME, "<AWBsyncInfo/>"), 0);
+  EXPECT_EQ(problemsOf(sizeless), "empty\n");
 }
 
 TEST(SimrecHostile, FilesMayVanishWhileTheyAreRead) {

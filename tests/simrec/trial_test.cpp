@@ -14,7 +14,12 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sstream>
 #include <thread>
+
+#include "simrec/diagnosis.h"
+#include "tests/simrec/edited.h"
+#include "tests/simrec/temp_folder.h"
 
 namespace {
 
@@ -230,8 +235,10 @@ TEST(Trials, NoEndOfTheChildIsAnEnd) {
   const OneFile sound("<AWBsyncInfo><syncinfo>3</syncinfo></AWBsyncInfo>");
   const std::size_t descriptors = openDescriptors();
   {
+    int waited = 0;
     TrialRunner runner(
-        {std::size_t{80} << 20, std::chrono::milliseconds(SIMREC_MEMORY_LIMIT ? 200 : 2000)});
+        {std::size_t{80} << 20, std::chrono::milliseconds(SIMREC_MEMORY_LIMIT ? 200 : 2000)},
+        [&] { ++waited; });
     for (int round = 0; round < 6; ++round) {
       for (const Fate& fate : kFates) {
         if (round > 0 && fate.end == End::kTimedOut) continue;
@@ -243,6 +250,7 @@ TEST(Trials, NoEndOfTheChildIsAnEnd) {
     const OneFile pipe;
     ASSERT_EQ(mkfifo(pipe.path.c_str(), 0600), 0);
     EXPECT_EQ(runner.tryReadback(sync, pipe.path).end, End::kTimedOut);
+    EXPECT_GT(waited, 0);
     EXPECT_EQ(replacedIn(runner.tryReadback(sync, "/no/such/file")), 0);
   }
   EXPECT_EQ(openDescriptors(), descriptors);
@@ -265,6 +273,38 @@ TEST(Trials, EachThreadMayHaveItsOwn) {
     });
   }
   for (std::thread& thread : threads) thread.join();
+}
+
+/// Of files that look sound, what doctor says of the one and only odd thing in them.
+TEST(SimrecDoctor, NamesWhatStaysLive) {
+  const struct {
+    const char *file, *from, *to, *by, *due;
+  } kRows[] = {
+      {"simulation_AE_AECData_camId[0]_ev[0].xml", "<LuxIndex>", "0", "<LuxIndex><!-- -->0",
+       "a readback replaces only a part, not LuxIndex"},
+      {"simulation_LSC[x]_index[0]_ev[0].xml", "<rGain>", "0 ", "<rGain>0\t",
+       "a readback replaces only a part, not rGain[220]"},
+      {"simulation_LSC[x]_index[1]_ev[0].xml", "0.000000 \n</grGain", ">",
+       " \n  0.000000  \n </grGain>",
+       "a readback throws invalid_argument before it replaces grGain"},
+  };
+  const TempFolder folder;
+  std::string due, told;
+  for (const auto& row : kRows) {
+    const std::string path = folder.write(row.file, "");
+    const Codec& codec = *codecOf(catalogue::parseFileName(row.file)->kind->name);
+    std::string live(codec.size, '\0');
+    codec.dump(path.c_str(), live.data(), live.size());
+    const std::string sound = (std::ostringstream() << std::ifstream(path).rdbuf()).str();
+    folder.write(row.file, edited(sound, row.from, row.to, row.by));
+    due += std::string(row.file) + ": " + row.due + '\n';
+  }
+  int examined = 0;
+  for (const Finding& finding : Doctor({}).examine({"IMG", folder.path()}, [&] { ++examined; })) {
+    told += finding.file + ": " + finding.what + '\n';
+  }
+  EXPECT_EQ(told, due);
+  EXPECT_EQ(examined, 3);
 }
 
 }  // namespace
