@@ -21,6 +21,9 @@ build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
 build|libfmt-dev|fmt|has_header fmt/format.h
 build|nlohmann-json3-dev|nlohmann-json|has_header nlohmann/json.hpp
 build|libfast-float-dev|fast_float|has_header fast_float/fast_float.h
+build|libpng-dev|libpng|has_header png.h
+build|libkainjow-mustache-dev|kainjow mustache|has_header kainjow/mustache.hpp
+build|libjs-dygraphs|dygraphs|test -e /usr/share/javascript/dygraphs/dygraph.min.js
 bench|python3|python3|command -v python3
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
 bench-clang|clang|clang (clang++)|command -v clang++
