@@ -8,7 +8,7 @@ cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
 # a quiet command that succeeds when it is there. Purposes: build, bench,
-# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
+# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint, browser.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -43,6 +43,9 @@ libcxx|googletest|GoogleTest's sources|test -e /usr/src/googletest/CMakeLists.tx
 android|android-liblog-dev|liblog|test -e /usr/include/android/android/log.h
 android|android-libcutils-dev|libcutils|test -e /usr/include/android/cutils/properties.h
 blueprint|soong|bpfix|command -v bpfix
+browser|chromium|Chromium|command -v chromium
+browser|nodejs|Node.js|command -v node
+browser|npm|npm|command -v npm
 END
 }
 

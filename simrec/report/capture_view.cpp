@@ -73,14 +73,12 @@ void forEachGroup(const Capture& capture, const ViewOptions& options, Ids& ids,
     }
     if (!group["views"].empty()) use(group);
   }
-  std::vector<Record> small;
-  for (const File& file : files) {
-    if (isPictured(*file.parts->kind)) continue;
-    small.push_back(readRecord(capture.path, file, {true, false}));
-    small.back().document.reset();
-  }
   Json group = newGroup("Values");
-  group["tables"] = valueTables(small);
+  for (const catalogue::Kind& kind : catalogue::kinds()) {
+    if (isPictured(kind)) continue;
+    Json values = valueTable(capture, kind, files);
+    if (!values.is_null()) group["tables"].push_back(std::move(values));
+  }
   if (!files.empty()) group["tables"].push_back(fileTable(files));
   use(group);
 }

@@ -87,19 +87,17 @@ class KindTable {
 
 }  // namespace
 
-std::vector<Json> valueTables(const std::vector<Record>& records) {
-  std::vector<Json> tables;
-  for (const Kind& kind : catalogue::kinds()) {
-    KindTable table(kind);
-    bool any = false;
-    for (const Record& record : records) {
-      if (record.file.parts->kind != &kind || record.values.empty()) continue;
-      table.add(record);
-      any = true;
-    }
-    if (any) tables.push_back(table.json());
+Json valueTable(const Capture& capture, const Kind& kind, const std::vector<File>& files) {
+  KindTable table(kind);
+  bool any = false;
+  for (const File& file : files) {
+    if (file.parts->kind != &kind) continue;
+    const Record record = readRecord(capture.path, file, {true, false});
+    if (record.values.empty()) continue;
+    table.add(record);
+    any = true;
   }
-  return tables;
+  return any ? table.json() : Json();
 }
 
 }  // namespace simrec::report

@@ -27,8 +27,10 @@ Json viewOf(const Record& record, const ViewOptions& options, Ids& ids);
 /// there is nothing to set side by side.
 Json comparedView(const Record& a, const Record& b, Ids& ids);
 
-/// The small records of a capture: a table for each kind, a column for each record of it.
-std::vector<Json> valueTables(const std::vector<Record>& records);
+/// The records of one small kind as a table, with a column for each of `files`, which are records
+/// of `capture`; null: none of them has a value.
+Json valueTable(const Capture& capture, const catalogue::Kind& kind,
+                const std::vector<File>& files);
 
 /// A picture in a few pixels as base64 of a PNG; empty: there is none in this record.
 std::string thumbnailOf(const Record& record);
