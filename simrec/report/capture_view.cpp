@@ -44,7 +44,7 @@ Json fileTable(const std::vector<File>& files) {
 
 }  // namespace
 
-Json captureHead(const Digest& digest, const std::string& id) {
+Json captureHead(const Digest& digest, const std::string& id, bool large) {
   const Overview& overview = digest.overview;
   Json findings = Json::array();
   for (const Finding& finding : digest.findings) findings.push_back(findingRow(finding));
@@ -55,6 +55,7 @@ Json captureHead(const Digest& digest, const std::string& id) {
   return {{"sectionId", id},
           {"sectionName", printable(digest.capture.name)},
           {"facts", facts},
+          {"isLarge", large},
           {"provenance", provenance ? Json(sentenceFor(*provenance)) : Json(false)},
           {"findings", findings},
           {"sound", findings.empty()},

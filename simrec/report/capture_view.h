@@ -9,7 +9,8 @@
 namespace simrec::report {
 
 /// What is known of it without pictures: facts, findings, its cameras beside each other.
-Json captureHead(const Digest& digest, const std::string& id);
+/// `large`: pictures follow.
+Json captureHead(const Digest& digest, const std::string& id, bool large);
 
 /// Calls `use` with each group of views, one at a time: those of one kind with pictures, then the
 /// tables of the small records and the list of files. Nothing is thrown for what is in the files.

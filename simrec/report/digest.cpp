@@ -27,20 +27,33 @@ std::map<Key, const File*> followedFiles(const std::vector<File>& files) {
   return followed;
 }
 
+/// The file that the capture's thumbnail is made of: of the first kind that there is.
+const File* pictureOf(const std::vector<File>& files) {
+  for (const catalogue::Kind& kind : catalogue::kinds()) {
+    if (!hasThumbnail(kind)) continue;
+    for (const File& file : files) {
+      if (file.isRecord() && file.parts->kind == &kind) return &file;
+    }
+  }
+  return nullptr;
+}
+
 void read(const Capture& capture, const std::vector<File>& files, Digest& digest) {
+  const File* const picture = pictureOf(files);
   for (const auto& [key, file] : followedFiles(files)) {
     const Record record = readRecord(capture.path, *file);
     addRecord(record, digest.moments);
-    if (!digest.thumbnail.empty()) continue;
-    digest.thumbnail = thumbnailOf(record);
-    digest.thumbnailOf = file->name;
+    if (file == picture) digest.thumbnail = thumbnailOf(record);
+  }
+  if (picture != nullptr && digest.thumbnail.empty()) {
+    digest.thumbnail = thumbnailOf(readRecord(capture.path, *picture));
   }
 }
 
 }  // namespace
 
 Digest digestOf(const Capture& capture, Doctor& doctor) {
-  Digest digest = {capture, overviewOf(capture), {}, {}, {}, {}};
+  Digest digest = {capture, overviewOf(capture), {}, {}, {}};
   try {
     digest.findings = doctor.examine(capture);
     read(capture, filesOf(capture), digest);

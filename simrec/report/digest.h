@@ -16,7 +16,6 @@ struct Digest {
   std::vector<Finding> findings;
   std::vector<Moment> moments;  ///< by camera
   std::string thumbnail;        ///< PNG in base64; empty: there is none
-  std::string thumbnailOf;      ///< the file that it is made of
 };
 
 /// Never throws for what is in the capture; a folder that can't be read is a problem of it.

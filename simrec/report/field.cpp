@@ -80,7 +80,10 @@ std::vector<double> differenceOf(const std::vector<double>& a, const std::vector
 }
 
 std::string rounded(double value) {
-  return std::isfinite(value) ? fmt::format("{:.4g}", value) : "none";
+  if (!std::isfinite(value)) return "none";
+  // Large numbers without their fraction, rather than with an exponent.
+  const double size = std::fabs(value);
+  return size >= 1000 && size < 1e15 ? fmt::format("{:.0f}", value) : fmt::format("{:.4g}", value);
 }
 
 std::string tokensOf(const std::vector<double>& values) {

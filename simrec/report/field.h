@@ -51,7 +51,7 @@ std::uint64_t integerOf(const Values& values, std::string_view name);
 /// `a[i] - b[i]`, as far as both go.
 std::vector<double> differenceOf(const std::vector<double>& a, const std::vector<double>& b);
 
-/// Four significant digits; "none" for what is none.
+/// Four significant digits, or more of a large number; "none" for what is none.
 std::string rounded(double value);
 
 /// All of them so, commas between.

@@ -52,6 +52,19 @@ bool LabelMap::isFlat() const {
 
 std::string LabelMap::png() const { return pngOf({columns, rows, labels, &labelPalette()}); }
 
+LabelMap LabelMap::reduced(std::size_t mostColumns) const {
+  const std::size_t step = (columns + mostColumns - 1) / mostColumns;
+  LabelMap map;
+  map.columns = (columns + step - 1) / step;
+  map.rows = (rows + step - 1) / step;
+  for (std::size_t row = 0; row < rows; row += step) {
+    for (std::size_t column = 0; column < columns; column += step) {
+      map.labels.push_back(labels[row * columns + column]);
+    }
+  }
+  return map;
+}
+
 std::string LabelMap::sentence() const {
   const auto used = static_cast<std::uint64_t>(
       std::count_if(counts.begin(), counts.end(), [](std::uint64_t count) { return count > 0; }));

@@ -22,6 +22,9 @@ struct LabelMap {
 
   std::string png() const;
 
+  /// Every so manieth label of every so manieth row, with no more columns than these.
+  LabelMap reduced(std::size_t mostColumns) const;
+
   /// What there is to say of it: "7 labels; the most frequent one is 3 with 41 % of the frame."
   std::string sentence() const;
 };

@@ -141,7 +141,7 @@ class Page {
   }
 
   void writeCapture(const Digest& digest, const std::string& id, bool large) {
-    put("capture.html", captureHead(digest, id));
+    put("capture.html", captureHead(digest, id, large));
     if (large) {
       forEachGroup(digest.capture, request_.view, ids_,
                    [this](const Json& group) { put("group.html", group); });

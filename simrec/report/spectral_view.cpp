@@ -42,14 +42,15 @@ Json barsOf(const NumberList& list) {
 Json channelTable(const NumberList& list) {
   std::string tokens;
   appendNumbers(tokens, list);
-  Json rows = Json::array();
-  std::size_t channel = 0;
-  for (std::size_t at = 1; at + 1 < tokens.size(); ++channel) {
+  std::vector<std::string> head = {"Channel"};
+  std::vector<Json> cells;
+  for (std::size_t at = 1; at + 1 < tokens.size();) {
     const std::size_t end = std::min(tokens.find(',', at), tokens.size() - 1);
-    rows.push_back(row(std::to_string(channel), {cell(tokens.substr(at, end - at))}));
+    head.push_back(std::to_string(cells.size()));
+    cells.push_back(cell(tokens.substr(at, end - at)));
     at = end + 1;
   }
-  return table("Readings of the channels", {"Channel", "Reading"}, std::move(rows));
+  return table("Readings of the channels", head, Json::array({row("Reading", std::move(cells))}));
 }
 
 }  // namespace

@@ -20,9 +20,12 @@ mustache::data dataOf(const Json& json) {
     for (const Json& item : json) list.push_back(dataOf(item));
     return list;
   }
-  if (json.is_string()) return json.get_ref<const std::string&>();
+  // An empty text is nothing, too: a section of it is left out.
+  if (json.is_string() && !json.get_ref<const std::string&>().empty()) {
+    return json.get_ref<const std::string&>();
+  }
   if (json.is_boolean()) return json.get<bool>();
-  if (json.is_null()) return false;
+  if (json.is_null() || json.is_string()) return false;
   return dump(json);
 }
 

@@ -1,5 +1,7 @@
 #include <fmt/format.h>
 
+#include <cctype>
+#include <cmath>
 #include <map>
 #include <set>
 
@@ -38,9 +40,25 @@ std::string nameOf(const std::optional<int>& camera) {
   return camera ? fmt::format("camera {}", *camera) : "all cameras";
 }
 
-/// "-", or the number as short as it can be told exactly.
+/// "-", or the number; of a fraction as many digits as a file has.
 std::string valueText(const std::optional<double>& value) {
-  return value ? dump(toJson(*value)) : "-";
+  if (!value) return "-";
+  return *value == std::trunc(*value) ? dump(toJson(*value)) : fmt::format("{:.8g}", *value);
+}
+
+/// A quantity amid a sentence.
+std::string inSentence(const Quantity& quantity) {
+  std::string name = quantity.title;
+  if (std::islower(static_cast<unsigned char>(name[1])) != 0) {
+    name[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
+  }
+  return name;
+}
+
+/// Each camera has its line in all graphs: four looks, one after the other.
+std::string lookOf(const std::optional<int>& camera) {
+  constexpr unsigned kLooks = 4;
+  return camera ? fmt::format("series-{}", static_cast<unsigned>(*camera) % kLooks) : "series-all";
 }
 
 /// A row for each request, a column for each camera that has the quantity at all: null where a
@@ -56,8 +74,11 @@ Json graphOf(const Points& points, std::size_t quantity) {
     values[request][point.moment->camera] = *value;
   }
   if (values.empty()) return nullptr;
-  Json labels = {"request"}, rows = Json::array();
-  for (const auto& camera : cameras) labels.push_back(nameOf(camera));
+  Json labels = {"request"}, looks = Json::array(), rows = Json::array();
+  for (const auto& camera : cameras) {
+    labels.push_back(nameOf(camera));
+    looks.push_back(lookOf(camera));
+  }
   for (const auto& [request, byCamera] : values) {
     Json row = {request};
     for (const auto& camera : cameras) {
@@ -67,12 +88,22 @@ Json graphOf(const Points& points, std::size_t quantity) {
     rows.push_back(std::move(row));
   }
   const Quantity& meaning = kQuantityRows[quantity];
-  const Json data = {{"labels", labels}, {"rows", rows}};
+  const Json data = {{"labels", labels}, {"looks", looks}, {"rows", rows}};
   return {{"graphTitle", meaning.title},
           {"graphUnit", meaning.unit},
           {"graphFlag", meaning.isFlag},
           {"graphSummary", counted(values.size(), "request")},
           {"graphData", dump(data)}};
+}
+
+Json seriesKey(const Points& points) {
+  std::set<std::optional<int>> cameras;
+  for (const auto& [request, point] : points) cameras.insert(point.moment->camera);
+  Json key = Json::array();
+  for (const auto& camera : cameras) {
+    key.push_back({{"seriesName", nameOf(camera)}, {"seriesLook", lookOf(camera)}});
+  }
+  return key;
 }
 
 /// Of one camera: from which request on exposure had settled for good.
@@ -141,9 +172,10 @@ std::vector<std::string> inconsistencies(const std::vector<const Moment*>& momen
   for (std::size_t i = 0; i < kQuantities; ++i) {
     const auto spread = spreadOf(moments, i);
     if (!kQuantityRows[i].isCompared || !spread || *spread <= kConsistent) continue;
-    found.push_back(kQuantityRows[i].isFlag
-                        ? std::string(kQuantityRows[i].title)
-                        : fmt::format("{} by {:.3g} %", kQuantityRows[i].title, 100 * *spread));
+    found.push_back(
+        kQuantityRows[i].isFlag
+            ? inSentence(kQuantityRows[i])
+            : fmt::format("{} by {:.3g} %", inSentence(kQuantityRows[i]), 100 * *spread));
   }
   return found;
 }
@@ -189,6 +221,7 @@ Json comparisonRows(const std::vector<const Moment*>& moments) {
 
 Json timelines(const std::vector<Digest>& digests) {
   const Points points = pointsOf(digests);
+  if (points.empty() || points.begin()->first == points.rbegin()->first) return false;
   Json graphs = Json::array();
   std::vector<std::size_t> quantities;
   for (std::size_t i = 0; i < kQuantities; ++i) {
@@ -199,6 +232,7 @@ Json timelines(const std::vector<Digest>& digests) {
   }
   if (graphs.empty()) return false;
   return {{"graphs", std::move(graphs)},
+          {"seriesKey", seriesKey(points)},
           {"settledTable", settledTable(points)},
           {"valueTable", valueTable(points, quantities)}};
 }

@@ -4,10 +4,15 @@
 
 #include "simrec/expected_values.h"
 #include "simrec/report/bayer_grid.h"
+#include "simrec/report/encoding.h"
+#include "simrec/report/label_map.h"
+#include "simrec/report/lens_shading.h"
 #include "simrec/text.h"
 
 namespace simrec::report {
 namespace {
+
+constexpr std::size_t kThumbnailColumns = 64;
 
 /// What is shown how; the Bayer grids have a form of their own.
 enum class Look { kTable, kBayerGrid, kShading, kSegmentation, kSpectral, kPlane };
@@ -73,10 +78,30 @@ Json viewOf(const Record& record, const ViewOptions& options, Ids& ids) {
   return newView(record.file, record.problems);
 }
 
+bool hasThumbnail(const catalogue::Kind& kind) {
+  const Look look = lookOf(kind);
+  return look == Look::kBayerGrid || look == Look::kSegmentation || look == Look::kShading;
+}
+
 std::string thumbnailOf(const Record& record) {
-  if (lookOf(*record.file.parts->kind) != Look::kBayerGrid) return "";
-  const BayerGrid grid = bayerGridOf(record.values);
-  return thumbnailOf(grid.red, grid.green, grid.blue);
+  switch (lookOf(*record.file.parts->kind)) {
+    case Look::kBayerGrid: {
+      const BayerGrid grid = bayerGridOf(record.values);
+      return thumbnailOf(grid.red, grid.green, grid.blue);
+    }
+    case Look::kSegmentation: {
+      const auto map = labelMapOf(record.values);
+      return map ? base64(map->reduced(kThumbnailColumns).png()) : "";
+    }
+    case Look::kShading: {
+      const auto channels = shadingOf(record.values);
+      if (channels.empty() || !channels[0].gains.isDrawable()) return "";
+      const Extremes extremes = extremesOf(channels[0].gains.values);
+      return base64(pngOf(channels[0].gains, {extremes.low, extremes.high}, sequentialPalette()));
+    }
+    default:
+      return "";
+  }
 }
 
 }  // namespace simrec::report

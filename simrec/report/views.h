@@ -32,6 +32,9 @@ Json comparedView(const Record& a, const Record& b, Ids& ids);
 Json valueTable(const Capture& capture, const catalogue::Kind& kind,
                 const std::vector<File>& files);
 
+/// Whether `thumbnailOf` may make one of records of the kind.
+bool hasThumbnail(const catalogue::Kind& kind);
+
 /// A picture in a few pixels as base64 of a PNG; empty: there is none in this record.
 std::string thumbnailOf(const Record& record);
 

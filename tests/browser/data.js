@@ -8,7 +8,7 @@ import path from 'node:path';
 const build = path.resolve(import.meta.dirname ?? '.', '../../build/release');
 
 export const settledFrom = { 0: 107, 1: 109 };
-export const hostileName = `IMG_<script>alert(1)</script>"'&\x1b`;
+export const hostileName = `IMG_<svg onload=alert(1)><script>"'&\x1b`;
 
 export function simrec(data, ...words) {
   const options = { encoding: 'utf8', maxBuffer: 1 << 28 };

@@ -159,9 +159,15 @@ function colorOf(name) {
   return getComputedStyle(document.documentElement).getPropertyValue(name).trim();
 }
 
-function looks(count) {
-  const series = Array.from({ length: count }, (_, index) => colorOf(`--series-${index % 4}`));
-  return { colors: series, axisLineColor: colorOf('--edge'), gridLineColor: colorOf('--edge') };
+const patterns = { 'series-1': [6, 3], 'series-2': [2, 3], 'series-3': [8, 3, 2, 3] };
+
+/** The colours of a graph whose lines look as these names say. */
+function paint(looks) {
+  return {
+    colors: looks.map((look) => colorOf(`--${look}`)),
+    axisLineColor: colorOf('--edge'),
+    gridLineColor: colorOf('--edge'),
+  };
 }
 
 /** All graphs show the same requests; null: all there are. */
@@ -187,12 +193,11 @@ function zoomBy(how) {
 }
 
 function setUpGraph(element, extent) {
-  const { labels, rows } = JSON.parse(element.dataset.graph);
+  const { labels, looks, rows } = JSON.parse(element.dataset.graph);
   const readout = element.parentElement.querySelector('.readout');
-  const patterns = [null, [6, 3], [2, 3], [8, 3, 2, 3]];
   const series = {};
-  labels.slice(1).forEach((label, index) => {
-    series[label] = { strokePattern: patterns[index % patterns.length] };
+  looks.forEach((look, index) => {
+    series[labels[index + 1]] = { strokePattern: patterns[look] ?? null };
   });
   let at = -1;
 
@@ -208,7 +213,7 @@ function setUpGraph(element, extent) {
   const graph = new Dygraph(element, rows, {
     labels,
     series,
-    ...looks(labels.length - 1),
+    ...paint(looks),
     plugins: [],
     drawPoints: rows.length < 300,
     pointSize: 2,
@@ -226,7 +231,7 @@ function setUpGraph(element, extent) {
       dblclick: () => zoomTo(null),
     },
   });
-  graphs.push({ graph, extent, count: labels.length - 1 });
+  graphs.push({ graph, extent, looks });
 
   element.addEventListener('keydown', (event) => {
     const zooms = { '+': 'in', '-': 'out', 0: 'reset' };
@@ -263,7 +268,7 @@ function setUpTheme() {
   const root = document.documentElement;
   const system = matchMedia('(prefers-color-scheme: dark)');
   const repaint = () => {
-    for (const { graph, count } of graphs) graph.updateOptions(looks(count));
+    for (const { graph, looks } of graphs) graph.updateOptions(paint(looks));
   };
   const button = document.getElementById('theme');
   button.hidden = false;
