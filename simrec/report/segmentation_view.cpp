@@ -62,7 +62,7 @@ Json shareTable(const LabelMap& map) {
     if (map.counts[label] == 0) continue;
     rows.push_back(
         row(fmt::format("Label {}", label),
-            {cell(percentage(map.shareOf(label))), cell(std::to_string(map.counts[label]))},
+            {cell(fmt::format("{:.2f} %", 100 * map.shareOf(label))), cell(std::to_string(map.counts[label]))},
             hexOf(labelPalette()[label])));
   }
   return table("Share of each label", {"Label", "Share of the frame", "Places"}, std::move(rows));
