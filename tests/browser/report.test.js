@@ -89,51 +89,74 @@ function parse(readout) {
   return { index: Number(index), values: values.split(', ').map((pair) => pair.split(' ')) };
 }
 
+const fileOf = (element) =>
+  element.evaluate((each) => each.closest('article').querySelector('.file').textContent);
+
+/** Moves the pointer to 20 places of each map and calls `check` with what is read out there. */
+async function readMaps(page, maps, check) {
+  const random = randomNumbers(1);
+  for (const map of maps) {
+    const [columns, rows] = await map.evaluate(({ dataset }) => [+dataset.columns, +dataset.rows]);
+    const readout = await map.locator('xpath=../output').elementHandle();
+    await map.scrollIntoViewIfNeeded();
+    const box = await map.boundingBox();
+    for (let round = 0; round < 20; ++round) {
+      const [column, row] = [random(columns), random(rows)];
+      await page.mouse.move(box.x + (box.width * (column + 0.5)) / columns,
+        box.y + (box.height * (row + 0.5)) / rows);
+      const index = row * columns + column;
+      await page.waitForFunction(([element, text]) => element.textContent.includes(text),
+        [readout, `(number ${index})`]);
+      const { values } = parse(await readout.textContent());
+      assert.ok(values.length > 0);
+      for (const [name, text] of values) await check(map, name, text, index, columns);
+    }
+  }
+}
+
 test('the read-out under the pointer is what show has', async () => {
   const records = show(data, names.image);
   await onEach(['one'], async (page) => {
-    const random = randomNumbers(1);
     const maps = await page.locator('.map').all();
     assert.ok(maps.length >= 20, `${maps.length} maps`);
-    for (const map of maps) {
-      const file = await map.evaluate((element) =>
-        element.closest('article').querySelector('.file').textContent);
-      const record = records.find((each) => each.file === file);
-      const [columns, rows] = await map.evaluate(({ dataset }) => [+dataset.columns, +dataset.rows]);
-      const readout = map.locator('xpath=../output');
-      await map.scrollIntoViewIfNeeded();
-      const box = await map.boundingBox();
-      for (let round = 0; round < 20; ++round) {
-        const [column, row] = [random(columns), random(rows)];
-        await page.mouse.move(box.x + (box.width * (column + 0.5)) / columns,
-          box.y + (box.height * (row + 0.5)) / rows);
-        const index = row * columns + column;
-        await page.waitForFunction(([element, text]) => element.textContent.includes(text),
-          [await readout.elementHandle(), `(number ${index})`]);
-        const told = parse(await readout.textContent());
-        assert.ok(told.values.length > 0);
-        for (const [name, text] of told.values) {
-          const number = expected(record, name, index, columns);
-          assert.ok(isShown(text, number), `${file}: ${name} is ${number}, told ${text}`);
-        }
-      }
-    }
+    await readMaps(page, maps, async (map, name, text, index, columns) => {
+      const file = await fileOf(map);
+      const number = expected(records.find((each) => each.file === file), name, index, columns);
+      assert.ok(isShown(text, number), `${file}: ${name} is ${number}, told ${text}`);
+    });
+  });
+});
+
+test('so it is side by side', async () => {
+  const lists = { 'Mean level': 'level', 'R gain': 'rGain', 'Label map': 'qsegStatsInfo', 'Changed labels': 'qsegStatsInfo' };
+  const [a, b] = [names.image, names.changed].map((capture) => show(data, capture));
+  await onEach(['both'], async (page) => {
+    const maps = await page.locator('#comparison .map').all();
+    assert.ok(maps.length >= 12, `${maps.length} maps`);
+    await readMaps(page, maps, async (map, name, text, index) => {
+      const file = await fileOf(map);
+      const title = (await map.locator('xpath=../figcaption').textContent()).split(',')[0];
+      const at = (records) => expected(records.find((each) => each.file === file), lists[title] ?? title, index);
+      const number = { A: at(a), B: at(b), 'B-A': at(b) - at(a) }[name];
+      assert.ok(isShown(text, number) || Math.abs(text - number) < 1e-6, `${file}: ${title}, ${name}: ${number}, told ${text}`);
+    });
   });
 });
 
 test('dots of the R/G-B/G plane tell their region', async () => {
   const records = show(data, names.image);
+  const random = randomNumbers(2);
   await onEach(['one'], async (page) => {
     for (const scatter of await page.locator('.scatter').all()) {
-      const file = await scatter.evaluate((element) =>
-        element.closest('article').querySelector('.file').textContent);
+      const file = await fileOf(scatter);
       const record = records.find((each) => each.file === file);
-      await scatter.hover({ position: { x: 60, y: 60 } });
       const readout = scatter.locator('xpath=../output');
-      await page.waitForFunction((element) => element.textContent.includes('R/G'),
-        await readout.elementHandle());
-      const { index, values } = parse(await readout.textContent());
-      for (const [name, text] of values) assert.ok(isShown(text, expected(record, name, index)), name);
+      for (let round = 0; round < 20; ++round) {
+        await scatter.hover({ position: { x: 10 + random(300), y: 10 + random(200) } });
+        await page.waitForFunction((element) => element.textContent.includes('R/G'), await readout.elementHandle());
+        const { index, values } = parse(await readout.textContent());
+        for (const [name, text] of values) assert.ok(isShown(text, expected(record, name, index)), name);
+      }
     }
   });
 });
