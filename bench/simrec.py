@@ -77,6 +77,15 @@ def whole_capture(session):
     return max(folders, key=lambda folder: (len(os.listdir(folder)), size(folder)))
 
 
+def small_files(session):
+    """Those of camera 0 in the image with the fewest bytes: one without the large records."""
+    def size(folder):
+        return sum(entry.stat().st_size for entry in os.scandir(folder))
+    images = [entry.path for entry in os.scandir(session) if entry.name.startswith("IMG_")]
+    return sorted(entry.path for entry in os.scandir(min(images, key=size))
+                  if "camId[" not in entry.name or "camId[0]" in entry.name)
+
+
 def measure_list(simrec, data, files):
     link_captures(data, 10000, files)
     runs = medians(5, list=[simrec, "--data", data, "list"],
@@ -108,6 +117,36 @@ def measure_show(simrec, capture):
     row("show --json --lists: MB", runs["show"][1], 64)
 
 
+def link_requests(data, count, files):
+    """Requests of camera 0 that are still in tmp, all with these files."""
+    first = None
+    for number in range(count):
+        folder = os.path.join(data, "tmp", f"RequestID[{number}]_camId[0]")
+        os.makedirs(folder)
+        for file in files:
+            name = os.path.basename(file)
+            if first is None:
+                shutil.copy(file, os.path.join(folder, name))
+            else:
+                os.link(os.path.join(first, name), os.path.join(folder, name))
+        first = first or folder
+
+
+def measure_report(simrec, data, capture, small):
+    page = data + ".html"
+    image = [simrec, "--data", os.path.dirname(capture), "report", os.path.basename(capture),
+             "-o", page]
+    seconds, memory = medians(5, image=image)["image"]
+    row("report, an image of three cameras with all records: s", seconds, 1)
+    row("report, the same: MB of the page", os.path.getsize(page) / 2**20, 3)
+    row("report, the same: MB", memory, 64)
+    link_requests(data, 1000, small)
+    seconds, memory = medians(3, all=[simrec, "--data", data, "report", "-o", page])["all"]
+    row(f"report, 1,000 requests of {len(small)} files: s", seconds, 3)
+    row("report, the same: MB of the page", os.path.getsize(page) / 2**20, 8)
+    row("report, the same: MB", memory, 64)
+
+
 def roomy_folder(beside):
     memory = "/dev/shm"
     if os.access(memory, os.W_OK):
@@ -129,6 +168,8 @@ def main():
         print("\nsimrec, measured (must, aim); medians.\n")
         print(f"| {'command':<58} | {'measured':<22} |\n| --- | --- |")
         measure_show(simrec, capture)
+        measure_report(simrec, os.path.join(folder, "report"), capture,
+                       small_files(session))
         measure_list(simrec, os.path.join(folder, "list"), files[:26])
         measure_many(simrec, os.path.join(folder, "many"), files)
     return 1 if missed else 0

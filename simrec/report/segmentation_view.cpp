@@ -60,10 +60,10 @@ Json shareTable(const LabelMap& map) {
   Json rows = Json::array();
   for (std::size_t label = 0; label < map.counts.size(); ++label) {
     if (map.counts[label] == 0) continue;
-    rows.push_back(
-        row(fmt::format("Label {}", label),
-            {cell(fmt::format("{:.2f} %", 100 * map.shareOf(label))), cell(std::to_string(map.counts[label]))},
-            hexOf(labelPalette()[label])));
+    rows.push_back(row(fmt::format("Label {}", label),
+                       {cell(fmt::format("{:.2f} %", 100 * map.shareOf(label))),
+                        cell(std::to_string(map.counts[label]))},
+                       hexOf(labelPalette()[label])));
   }
   return table("Share of each label", {"Label", "Share of the frame", "Places"}, std::move(rows));
 }

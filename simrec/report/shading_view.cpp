@@ -35,7 +35,7 @@ std::string pointsOf(const std::vector<double>& values, const Range& range) {
 }
 
 /// The gains along the diagonal, relative to those at the centre.
-Json chartOf(const std::vector<ShadingChannel>& channels) {
+Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
   std::vector<double> all;
   for (const ShadingChannel& channel : channels) {
     all.insert(all.end(), channel.diagonal.begin(), channel.diagonal.end());
@@ -44,12 +44,19 @@ Json chartOf(const std::vector<ShadingChannel>& channels) {
   if (extremes.isFlat()) return false;
   const Range range = {extremes.low, extremes.high};
   Json lines = Json::array();
+  std::string lists;
+  std::size_t steps = 1;
   for (const ShadingChannel& channel : channels) {
     if (channel.diagonal.size() < 2) continue;
+    numbers.add(channel.name, tokensOf(channel.diagonal));
+    lists += (lists.empty() ? "" : " ") + std::string(channel.name);
+    steps = channel.diagonal.size() - 1;
     lines.push_back({{"lineName", channel.name}, {"points", pointsOf(channel.diagonal, range)}});
   }
   return {{"lines", lines},
-          {"chartWidth", kChartWidth},
+          {"chartNumbers", numbers.id()},
+          {"chartLists", lists},
+          {"chartStep", kChartWidth / static_cast<double>(steps)},
           {"chartHeight", kChartHeight},
           {"chartLow", rounded(range.low)},
           {"chartHigh", rounded(range.high)}};
@@ -89,7 +96,7 @@ Json shadingView(const Record& record, Ids& ids) {
     view["figures"].push_back(figure(map, channel.gains, numbers));
   }
   view["tables"].push_back(fallOffTable(channels));
-  view["chart"] = chartOf(channels);
+  view["chart"] = chartOf(channels, numbers);
   view["dataSets"].push_back(numbers.json());
   return view;
 }

@@ -12,8 +12,9 @@ namespace {
 constexpr double kBarsHeight = 160, kBarStep = 24, kBarWidth = 18, kTextHeight = 20;
 
 /// A bar for each channel, with its reading as the file has it.
-Json barsOf(const NumberList& list) {
-  const std::vector<double> values = valuesOf(list);
+Json barsOf(const Value& list, Numbers& numbers) {
+  const std::vector<double> values = valuesOf(*list.list());
+  numbers.add(list);
   const Extremes extremes = extremesOf(values);
   const double top = std::max(extremes.high, 0.0), bottom = std::min(extremes.low, 0.0);
   if (extremes.count == 0 || !(top > bottom)) return false;
@@ -30,6 +31,11 @@ Json barsOf(const NumberList& list) {
   }
   return {{"barItems", bars},
           {"barWidth", kBarWidth},
+          {"barsNumbers", numbers.id()},
+          {"barsList", list.member->name},
+          {"barsFirst", kBarWidth / 2},
+          {"barsStep", kBarStep},
+          {"barsHeight", kBarsHeight},
           {"barsViewWidth", kBarStep * static_cast<double>(values.size()) + 4},
           {"barsViewHeight", kBarsHeight + kTextHeight},
           {"barsTextAt", kBarsHeight + kTextHeight - 6},
@@ -55,7 +61,7 @@ Json channelTable(const NumberList& list) {
 
 }  // namespace
 
-Json spectralView(const Record& record) {
+Json spectralView(const Record& record, Ids& ids) {
   Json view = newView(record.file, record.problems);
   Json rows = Json::array();
   for (const Value& value : record.values) {
@@ -63,7 +69,9 @@ Json spectralView(const Record& record) {
       rows.push_back(
           row(value.member->name, {cell(textOf(*number)), cell(remarkOn(*value.member, number))}));
     } else if (value.list() != nullptr && value.list()->size() > 0) {
-      view["bars"] = barsOf(*value.list());
+      Numbers numbers(ids);
+      view["bars"] = barsOf(value, numbers);
+      view["dataSets"].push_back(numbers.json());
       view["tables"].push_back(channelTable(*value.list()));
     }
   }

@@ -69,7 +69,7 @@ Json viewOf(const Record& record, const ViewOptions& options, Ids& ids) {
     case Look::kSegmentation:
       return segmentationView(record, ids);
     case Look::kSpectral:
-      return spectralView(record);
+      return spectralView(record, ids);
     case Look::kPlane:
       return planeView(record, options, ids);
     case Look::kTable:

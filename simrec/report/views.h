@@ -44,7 +44,7 @@ std::string thumbnailOf(const Record& record);
 Json bayerGridView(const Record& record, Ids& ids);
 Json shadingView(const Record& record, Ids& ids);
 Json segmentationView(const Record& record, Ids& ids);
-Json spectralView(const Record& record);
+Json spectralView(const Record& record, Ids& ids);
 Json planeView(const Record& record, const ViewOptions& options, Ids& ids);
 /// @}
 

@@ -161,6 +161,31 @@ test('dots of the R/G-B/G plane tell their region', async () => {
   });
 });
 
+test('lines and bars tell their numbers', async () => {
+  const records = show(data, names.image);
+  await onEach(['one'], async (page) => {
+    for (const plot of await page.locator('.plot').all()) {
+      const file = await fileOf(plot);
+      const { values } = records.find((each) => each.file === file);
+      const readout = plot.locator('xpath=../output');
+      await plot.focus();
+      await page.keyboard.press('End');
+      await page.waitForFunction((element) => element.textContent.includes(': '), await readout.elementHandle());
+      for (let round = 0; round < 20; ++round) await page.keyboard.press('ArrowLeft');
+      await page.waitForFunction((element) => element.textContent.startsWith('number 0'), await readout.elementHandle());
+      const first = parse(await readout.textContent()).values[0];
+      const wanted = values.channelDatas?.[0] ?? values.rGain[0] / values.rGain[110];
+      assert.ok(isShown(first[1], wanted), `${first} instead of ${wanted}`);
+      const box = await plot.boundingBox();
+      await page.mouse.move(box.x + box.width / 2, box.y + box.height / 2);
+      await page.waitForFunction((element) => !element.textContent.startsWith('number 0'), await readout.elementHandle());
+      const { index, values: told } = parse(await readout.textContent());
+      const expectedHere = values.channelDatas?.[index] ?? 1;
+      assert.ok(isShown(told[0][1], expectedHere), `${told[0]} instead of ${expectedHere}`);
+    }
+  });
+});
+
 test('timelines zoom and reset, all together', async () => {
   await onEach(['overview'], async (page) => {
     const ranges = () => page.evaluate(() => graphs.map(({ graph }) => graph.xAxisRange().join()));

@@ -96,6 +96,11 @@ function setUpMap(map) {
   });
 }
 
+/** Where the pointer is in a drawing's own units. */
+function pointIn(svg, event) {
+  return new DOMPoint(event.clientX, event.clientY).matrixTransform(svg.getScreenCTM().inverse());
+}
+
 // --- Regions in the plane of two ratios
 
 function setUpScatter(scatter) {
@@ -130,8 +135,7 @@ function setUpScatter(scatter) {
   }
 
   scatter.addEventListener('pointermove', async (event) => {
-    const point = new DOMPoint(event.clientX, event.clientY)
-      .matrixTransform(svg.getScreenCTM().inverse());
+    const point = pointIn(svg, event);
     let nearest = 0;
     let least = Infinity;
     (await places()).forEach((dot, index) => {
@@ -148,6 +152,35 @@ function setUpScatter(scatter) {
   });
   scatter.addEventListener('keydown', (event) => {
     if (event.key.startsWith('Arrow')) event.preventDefault();
+  });
+}
+
+// --- Lines and bars over an index
+
+function setUpPlot(plot) {
+  const svg = plot.querySelector('svg');
+  const mark = plot.querySelector('.mark');
+  const readout = plot.parentElement.querySelector('.readout');
+  const names = plot.dataset.lists.split(' ');
+  const [first, distance] = [Number(plot.dataset.first), Number(plot.dataset.step)];
+  let at = 0;
+
+  async function show(index) {
+    const lists = await numbersOf(plot.dataset.numbers);
+    at = Math.max(0, Math.min(lists.get(names[0]).length - 1, index));
+    mark.setAttribute('x1', first + at * distance);
+    mark.setAttribute('x2', first + at * distance);
+    mark.setAttribute('visibility', 'visible');
+    tell(readout, lists, names, at, 0);
+  }
+
+  plot.addEventListener('pointermove', (event) =>
+    show(Math.round((pointIn(svg, event).x - first) / distance)));
+  plot.addEventListener('keydown', (event) => {
+    const next = step(event, { column: at, row: 0 }, Infinity, 1);
+    if (next === undefined) return;
+    event.preventDefault();
+    show(next.column);
   });
 }
 
@@ -281,6 +314,7 @@ function setUpTheme() {
 }
 
 for (const map of document.querySelectorAll('.map')) setUpMap(map);
+for (const plot of document.querySelectorAll('.plot')) setUpPlot(plot);
 for (const scatter of document.querySelectorAll('.scatter')) setUpScatter(scatter);
 setUpTimelines();
 setUpTheme();
