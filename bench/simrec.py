@@ -69,20 +69,23 @@ def link_captures(data, count, files):
                 os.link(os.path.join(first, name), os.path.join(folder, name))
 
 
+def bytes_in(folder):
+    return sum(entry.stat().st_size for entry in os.scandir(folder))
+
+
+def images_of(session):
+    return [entry.path for entry in os.scandir(session)
+            if entry.name.startswith("IMG_") and entry.is_dir()]
+
+
 def whole_capture(session):
     """The image of the demo's run with the most bytes: one that has the large records."""
-    def size(folder):
-        return sum(entry.stat().st_size for entry in os.scandir(folder))
-    folders = [entry.path for entry in os.scandir(session) if entry.name.startswith("IMG_")]
-    return max(folders, key=lambda folder: (len(os.listdir(folder)), size(folder)))
+    return max(images_of(session), key=lambda folder: (len(os.listdir(folder)), bytes_in(folder)))
 
 
 def small_files(session):
     """Those of camera 0 in the image with the fewest bytes: one without the large records."""
-    def size(folder):
-        return sum(entry.stat().st_size for entry in os.scandir(folder))
-    images = [entry.path for entry in os.scandir(session) if entry.name.startswith("IMG_")]
-    return sorted(entry.path for entry in os.scandir(min(images, key=size))
+    return sorted(entry.path for entry in os.scandir(min(images_of(session), key=bytes_in))
                   if "camId[" not in entry.name or "camId[0]" in entry.name)
 
 
