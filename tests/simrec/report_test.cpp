@@ -198,6 +198,66 @@ TEST(ReportNumbers, ListsArePackedAsShowHasThem) {
             std::string::npos);
 }
 
+std::string rectangle(int left, int width) {
+  return element("left", std::to_string(left)) + element("top", "1") +
+         element("width", std::to_string(width)) + element("height", "2");
+}
+
+/// Eight labels in a map that should be `columns` wide; three instances of which two are valid.
+std::string labelXml(int columns) {
+  std::string instances;
+  for (int i = 0; i < 3; ++i) {
+    const std::string parts =
+        element("partROI", rectangle(i, 0)) + element("partROI", rectangle(i, 1));
+    instances +=
+        element("qsegInstInfo", element("ID", std::to_string(40 + i)) +
+                                    element("roi", rectangle(i, 3)) + element("partROIs", parts));
+  }
+  return element(
+      "QSegImageInfo",
+      element("isQSegInfoValid", "0") + element("horizontalRegionCount", std::to_string(columns)) +
+          element("verticalRegionCount", "2") + element("qsegInstCount", "2") +
+          element("qsegStatsInfo", "3 3 0 0 0 0 255 0 ") + element("qsegInstInfos", instances));
+}
+
+TEST(ReportSegmentation, SharesAreOfAllLabelsAndFramesOfValidInstances) {
+  const TempFolder folder;
+  Ids ids;
+  const std::string name = "simulation_AWB_QsegImageData_camId[0].xml";
+  const Json view = viewOf(recordIn(folder, name, labelXml(4)), {}, ids);
+  EXPECT_EQ(view["viewFacts"], "4 x 2 labels; the segmentation is not valid.");
+  const Json& shares = view["tables"][0]["tableRows"];
+  ASSERT_EQ(shares.size(), 3U);
+  EXPECT_EQ(shares[1]["rowName"], "Label 3");
+  EXPECT_EQ(shares[1]["cells"][0]["cellText"], "25.00 %");
+  EXPECT_EQ(shares[1]["swatch"], hexOf(labelPalette()[3]));
+  const Json& overlay = view["figures"][0]["overlay"];
+  EXPECT_EQ(overlay["rectangles"].size(), 2U);
+  EXPECT_EQ(overlay["rectangles"][1]["left"], 1);
+  EXPECT_EQ(overlay["parts"].size(), 2U);  // the others have no area
+  EXPECT_EQ(view["tables"][1]["tableRows"][1]["cells"][0]["cellText"], "41");
+  const Json other = viewOf(recordIn(folder, name, labelXml(3)), {}, ids);
+  EXPECT_NE(other["viewFacts"].get<std::string>().find("8 x 1 labels (as many as"),
+            std::string::npos);
+}
+
+TEST(ReportSpectral, BarsStandOnZero) {
+  const TempFolder folder;
+  Ids ids;
+  const Json view =
+      viewOf(recordIn(folder, "simulation_ZOAWB_SpectralSensorInfo.xml",
+                      element("SpectralSensorInfo", element("channelDatas", "30 -10 nan 0.1 "))),
+             {}, ids);
+  const Json& bars = view["bars"]["barItems"];
+  ASSERT_EQ(bars.size(), 4U);
+  EXPECT_EQ(bars[0]["barTop"], "0.0");
+  EXPECT_EQ(bars[0]["barHeight"], "120.0");
+  EXPECT_EQ(bars[1]["barTop"], "120.0");
+  EXPECT_EQ(bars[1]["barHeight"], "40.0");
+  EXPECT_EQ(bars[2]["barHeight"], "0.0");
+  EXPECT_EQ(view["tables"][0]["tableRows"][0]["cells"][3]["cellText"], "0.1");
+}
+
 /// A page of these captures, or of the whole data folder.
 std::string pageOf(const TempFolder& data, const std::vector<std::string>& names = {},
                    const std::vector<std::string>& compared = {}) {
@@ -245,6 +305,51 @@ TEST(ReportPage, TellsWhenExposureSettledAndWhichCamerasDisagree) {
   EXPECT_NE(page.find("not settled at the end</td><td>request 13</td>"), std::string::npos);
   EXPECT_NE(page.find("lux index by 33.3 %, exposure settled</td>"), std::string::npos);
   EXPECT_NE(page.find("those of 2 are consistent within 10 %"), std::string::npos);  // 9 and 10
+}
+
+TEST(ReportPage, ShowsTheNewestImagesInPictures) {
+  const TempFolder data;
+  for (int image = 1; image <= 5; ++image) {
+    const std::string name = fmt::format("IMG_{}/{}", image, kGridFile);
+    const timespec time = {1000 + 100 * ((image + 2) % 5), 0};  // the newest: IMG_2, then 1 and 5
+    const timespec times[] = {time, time};
+    utimensat(AT_FDCWD, data.write(name, gridXml(kSquare)).c_str(), times, 0);
+  }
+  const std::string page = pageOf(data);
+  EXPECT_EQ(countOf("<h4>", page), kNewest);
+  for (const int small : {3, 4}) {
+    EXPECT_EQ(countOf(fmt::format("simrec report IMG_{}<", small), page), 1U) << small;
+  }
+  EXPECT_EQ(countOf("class=\"thumbnail\"", page), 5U);
+  Request all = {Store(data.path()), {}};
+  all.allPictures = true;
+  std::string whole;
+  EXPECT_EQ(writeReport(
+                all, [&](const std::string& piece) { whole += piece; }, [] {}),
+            5U);
+  EXPECT_EQ(countOf("<h4>", whole), 5U);
+}
+
+TEST(ReportPage, SmallRecordsStandInColumnsByCamera) {
+  const TempFolder data;
+  const auto write = [&](const std::string& file, const std::string& members) {
+    data.write("IMG_1/simulation_" + file, element("SimulationData", members));
+  };
+  write("AE_AECData_camId[0]_ev[-1].xml", element("LuxIndex", "1"));
+  write("AE_AECData_camId[0]_ev[0].xml", element("LuxIndex", "2"));
+  write("AE_AECData_camId[1]_ev[0].xml", element("DrcGain", "0.1"));
+  const std::string page = pageOf(data, {"IMG_1"});
+  EXPECT_NE(page.find("LuxIndex</th><td>1</td><td>2</td><td class=\"marked\">missing</td>"),
+            std::string::npos);
+  EXPECT_NE(page.find("DrcGain</th><td class=\"marked\">missing</td><td class=\"marked\">missing"
+                      "</td><td>0.1</td>"),
+            std::string::npos);
+  const auto store = Store(data.path());
+  Doctor doctor(surveySizes(store));
+  const Digest digest = digestOf(store.find("IMG_1"), doctor);
+  ASSERT_FALSE(digest.moments.empty());
+  EXPECT_EQ(digest.moments[0].values[0], 2);  // of the step nearest to 0
+  EXPECT_EQ(digest.moments[0].request, 1);
 }
 
 TEST(ReportPage, SetsTwoCapturesSideBySide) {
