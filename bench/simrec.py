@@ -34,12 +34,24 @@ def link_captures(data, count, files):
                 os.link(os.path.join(first, name), os.path.join(folder, name))
 
 
+def bytes_in(folder):
+    return sum(entry.stat().st_size for entry in os.scandir(folder))
+
+
+def images_of(session):
+    return [entry.path for entry in os.scandir(session)
+            if entry.name.startswith("IMG_") and entry.is_dir()]
+
+
 def whole_capture(session):
     """The image of the demo's run with the most bytes: one that has the large records."""
-    def size(folder):
-        return sum(entry.stat().st_size for entry in os.scandir(folder))
-    folders = [entry.path for entry in os.scandir(session) if entry.name.startswith("IMG_")]
-    return max(folders, key=lambda folder: (len(os.listdir(folder)), size(folder)))
+    return max(images_of(session), key=lambda folder: (len(os.listdir(folder)), bytes_in(folder)))
+
+
+def small_files(session):
+    """Those of camera 0 in the image with the fewest bytes: one without the large records."""
+    return sorted(entry.path for entry in os.scandir(min(images_of(session), key=bytes_in))
+                  if "camId[" not in entry.name or "camId[0]" in entry.name)
 
 
 def measure_list(table, simrec, data, files):
@@ -80,6 +92,40 @@ def measure_show(table, simrec, capture):
     table.row("show --json --lists: MB", lambda: Run(*show).memory, 64)
 
 
+def link_requests(data, count, files):
+    """Requests of camera 0 that are still in tmp, all with these files."""
+    first = None
+    for number in range(count):
+        folder = os.path.join(data, "tmp", f"RequestID[{number}]_camId[0]")
+        os.makedirs(folder)
+        for file in files:
+            name = os.path.basename(file)
+            if first is None:
+                shutil.copy(file, os.path.join(folder, name))
+            else:
+                os.link(os.path.join(first, name), os.path.join(folder, name))
+        first = first or folder
+
+
+def measure_report(table, simrec, data, capture, small):
+    page = data + ".html"
+    image = [simrec, "--data", os.path.dirname(capture), "report", os.path.basename(capture),
+             "-o", page]
+
+    def megabytes():
+        return os.path.getsize(page) / 2**20
+    table.row("report, an image of three cameras with all records: s",
+              lambda: medians(5, image=image)["image"], 1)
+    table.row("report, the same: MB of the page", megabytes, 3)
+    table.row("report, the same: MB", lambda: Run(*image).memory, 64)
+    link_requests(data, 1000, small)
+    everything = [simrec, "--data", data, "report", "-o", page]
+    table.row(f"report, 1,000 requests of {len(small)} files: s",
+              lambda: medians(3, all=everything)["all"], 3)
+    table.row("report, the same: MB of the page", megabytes, 8)
+    table.row("report, the same: MB", lambda: Run(*everything).memory, 64)
+
+
 def main():
     simrec, capture_session = map(os.path.abspath, sys.argv[1:])
     with tempfile.TemporaryDirectory(prefix="simrec-bench-", dir=roomy_folder(simrec)) as folder:
@@ -93,6 +139,8 @@ def main():
         measure_show(table, simrec, capture)
         measure_list(table, simrec, os.path.join(folder, "list"), files[:26])
         measure_many(table, simrec, os.path.join(folder, "many"), files)
+        measure_report(table, simrec, os.path.join(folder, "report"), capture,
+                       small_files(session))
     return 1 if table.missed else 0
 
 

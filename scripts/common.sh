@@ -8,7 +8,7 @@ cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
 # a quiet command that succeeds when it is there. Purposes: build, bench,
-# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
+# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint, browser.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -21,6 +21,9 @@ build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
 build|libfmt-dev|fmt|has_header fmt/format.h
 build|nlohmann-json3-dev|nlohmann-json|has_header nlohmann/json.hpp
 build|libfast-float-dev|fast_float|has_header fast_float/fast_float.h
+build|libpng-dev|libpng|has_header png.h
+build|libkainjow-mustache-dev|kainjow mustache|has_header kainjow/mustache.hpp
+build|libjs-dygraphs|dygraphs|test -e /usr/share/javascript/dygraphs/dygraph.min.js
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
 bench-clang|clang|clang (clang++)|command -v clang++
 bench|python3|Python 3|command -v python3
@@ -39,6 +42,9 @@ libcxx|googletest|GoogleTest's sources|test -e /usr/src/googletest/CMakeLists.tx
 android|android-liblog-dev|liblog|test -e /usr/include/android/android/log.h
 android|android-libcutils-dev|libcutils|test -e /usr/include/android/cutils/properties.h
 blueprint|soong|bpfix|command -v bpfix
+browser|chromium|Chromium|command -v chromium
+browser|nodejs|Node.js|command -v node
+browser|npm|npm|command -v npm
 END
 }
 

@@ -27,7 +27,7 @@ class Call {
   void pass(const std::string& word) {
     if (pending_ != nullptr) {
       setValue(*pending_, word);
-      pending_ = nullptr;
+      if (--wanted_ == 0) pending_ = nullptr;
     } else if (isOption(word)) {
       passOption(word);
     } else if (command_ == &app_) {
@@ -73,6 +73,7 @@ class Call {
     if (option == nullptr || !takesValue(*option)) return;
     if (equals == std::string::npos) {
       pending_ = option;
+      wanted_ = option->get_items_expected_max();
     } else {
       setValue(*option, word.substr(equals + 1));
     }
@@ -94,10 +95,11 @@ class Call {
     }
   }
 
-  /// Of a choice; other values are nobody's to guess.
-  static void offerValues(const CLI::Option& option, const std::string& begin,
-                          const std::string& before) {
+  /// Of a choice, or captures; other values are nobody's to guess.
+  void offerValues(const CLI::Option& option, const std::string& begin,
+                   const std::string& before) const {
     const std::string choice = option.get_type_name();
+    if (choice == "A B") return offerCaptures(begin);
     if (choice.find('|') == std::string::npos) return;
     for (const std::string& value : CLI::detail::split(choice, '|')) {
       put(before + value, before + begin, "");
@@ -150,7 +152,8 @@ class Call {
 
   const CLI::App& app_;
   const CLI::App* command_;
-  const CLI::Option* pending_ = nullptr;  // waits for its value
+  const CLI::Option* pending_ = nullptr;  // waits for its values
+  int wanted_ = 0;                        // so many of them
   int positionals_ = 0;
   Shared shared_;
 };

@@ -4,6 +4,7 @@
 #include "simrec/comparison.h"
 #include "simrec/error.h"
 #include "simrec/text.h"
+#include "simrec/wording.h"
 
 namespace simrec::cli {
 namespace {
@@ -20,16 +21,7 @@ constexpr std::size_t kMostLabels = 10;
 constexpr std::size_t kMostRanges = 10;
 
 std::string textOf(const std::optional<Number>& number) {
-  if (!number) return "missing";
-  const Json json = toJson(*number);
-  return json.is_string() ? json.get<std::string>() : dump(json);
-}
-
-std::string percentage(double share) { return fmt::format("{:.3g} %", 100 * share); }
-
-/// A distance, which in decimals may have a long tail of noise.
-std::string roughly(const Number& number) {
-  return number.isFloat() ? fmt::format("{:.6g}", number.decimal) : textOf(number);
+  return number ? simrec::textOf(*number) : "missing";
 }
 
 void putProblems(const char* side, const std::vector<std::string>& problems) {

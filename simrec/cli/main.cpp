@@ -26,6 +26,7 @@ constexpr AddCommand kCommands[] = {
     addSet,      //
     addVerify,   //
     addPrune,    //
+    addReport,   //
 };
 
 int fail(const std::string& why) {

@@ -6,11 +6,10 @@
 #include "simrec/provenance.h"
 #include "simrec/record.h"
 #include "simrec/text.h"
+#include "simrec/wording.h"
 
 namespace simrec::cli {
 namespace {
-
-using catalogue::Member;
 
 struct Options {
   const Shared& shared;
@@ -33,28 +32,6 @@ void putJson(const Record& record, bool lists, JsonDocument& document) {
   put(",\"problems\":" + dump(record.problems) + "}");
 }
 
-std::string textOf(const Number& number) {
-  const Json json = toJson(number);
-  return json.is_string() ? json.get<std::string>() : dump(json);
-}
-
-/// Unit, meaning of the value, and what the member is.
-std::string remark(const Member& member, const Number* number) {
-  std::string text = member.unit;
-  const auto add = [&](std::string_view part) {
-    if (part.empty()) return;
-    text += text.empty() ? "" : ", ";
-    text += part;
-  };
-  for (const auto& meaning : member.meanings) {
-    if (number != nullptr && static_cast<std::int64_t>(number->integer) == meaning.value) {
-      add(meaning.text);
-    }
-  }
-  add(member.what);
-  return text;
-}
-
 void putLine(const std::string& name, const std::string& value, const std::string& remark) {
   if (remark.empty()) {
     print("  {:<34} {}\n", name, value);
@@ -64,25 +41,26 @@ void putLine(const std::string& name, const std::string& value, const std::strin
 }
 
 /// Numbers of a list, as many in a line as fit.
-void putNumbers(const std::string& numbers) {
+void putNumbers(std::string_view numbers) {
   constexpr std::size_t kWidth = 92;
   std::string line;
   for (std::size_t at = 0; at < numbers.size();) {
     const std::size_t end = std::min(numbers.find(',', at), numbers.size());
-    const std::string number = numbers.substr(at, end - at);
+    const std::string_view number = numbers.substr(at, end - at);
     if (line.size() + number.size() + 1 > kWidth) {
       print("    {}\n", line);
       line.clear();
     }
-    line += (line.empty() ? "" : " ") + number;
+    line += line.empty() ? "" : " ";
+    line += number;
     at = end + 1;
   }
   if (!line.empty()) print("    {}\n", line);
 }
 
-void putList(const std::string& path, const Value& value, const Record& record, bool whole) {
+void putList(const std::string& path, const Value& value, bool whole) {
   const NumberList& list = *value.list();
-  const std::string note = remark(*value.member, nullptr);
+  const std::string note = remarkOn(*value.member, nullptr);
   if (!whole && list.size() > kShortList) {
     const Summary summary = summaryOf(list);
     putLine(path, counted(list.size(), "number"),
@@ -91,27 +69,23 @@ void putList(const std::string& path, const Value& value, const Record& record, 
     return;
   }
   std::string numbers;
-  Record one;
-  one.file = record.file;
-  one.values.push_back(value);
-  appendValues(numbers, one, true);
-  const std::size_t begin = numbers.find('[') + 1;
+  appendNumbers(numbers, list);
   putLine(path, counted(list.size(), "number"), note);
-  putNumbers(numbers.substr(begin, numbers.rfind(']') - begin));
+  putNumbers(std::string_view(numbers).substr(1, numbers.size() - 2));
 }
 
-void putValues(const Values& values, const std::string& prefix, const Record& record, bool lists) {
+void putValues(const Values& values, const std::string& prefix, bool lists) {
   for (const Value& value : values) {
     const std::string path = prefix + value.member->name;
     if (const Number* const number = value.number()) {
-      putLine(path, textOf(*number), remark(*value.member, number));
+      putLine(path, textOf(*number), remarkOn(*value.member, number));
     } else if (value.list() != nullptr) {
-      putList(path, value, record, lists);
+      putList(path, value, lists);
     } else if (const Values* const members = value.members()) {
-      putValues(*members, path + ".", record, lists);
+      putValues(*members, path + ".", lists);
     } else {
       for (std::size_t i = 0; i < value.items()->size(); ++i) {
-        putValues((*value.items())[i], fmt::format("{}[{}].", path, i), record, lists);
+        putValues((*value.items())[i], fmt::format("{}[{}].", path, i), lists);
       }
     }
   }
@@ -142,7 +116,7 @@ void putRecord(const Record& record, bool lists) {
   if (kind.format == catalogue::Format::kBinary) {
     putLine("size", std::to_string(record.file.bytes), "bytes");
   }
-  putValues(record.values, "", record, lists);
+  putValues(record.values, "", lists);
   if (lists) putHexDump(record.bytes);
   put("\n");
 }

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <sstream>
 #include <thread>
 
 #include "core/raw_file.h"
@@ -236,6 +237,20 @@ TEST(SimrecHostile, WhatWasNotReadIsTold) {
   fs::create_symlink("/proc/self/comm", sizeless);
   EXPECT_EQ(prctl(PR_SET_NAME, "<AWBsyncInfo/>"), 0);
   EXPECT_EQ(problemsOf(sizeless), "empty\n");
+}
+
+TEST_F(HostileData, AReportTellsOfAllOfIt) {
+  const TempFolder pages;
+  chmod(pages.path().c_str(), 0777);
+  const std::string page = pages.path() + "/page.html";
+  const Ended ended = run({"report", "--all", "-o", page, "--data", folder.path()}, true);
+  EXPECT_EQ(ended.status, 0) << ended.output;
+  const std::string text = (std::ostringstream() << std::ifstream(page).rdbuf()).str();
+  EXPECT_TRUE(isPrintable(text));
+  for (const char* part : {"IMG_\\n\\x1b[2J", "more than 64 MB of XML", "a FIFO, device or socket",
+                           "a link to nowhere", "Permission denied"}) {
+    EXPECT_NE(text.find(part), std::string::npos) << part;
+  }
 }
 
 TEST(SimrecHostile, FilesMayVanishWhileTheyAreRead) {

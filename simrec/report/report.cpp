@@ -1,0 +1,183 @@
+#include "simrec/report/report.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "simrec/error.h"
+#include "simrec/report/assets.h"
+#include "simrec/report/capture_view.h"
+#include "simrec/report/comparison_view.h"
+#include "simrec/report/overview_view.h"
+#include "simrec/report/templates.h"
+#include "simrec/text.h"
+
+namespace simrec::report {
+namespace {
+
+/// More findings are only counted.
+constexpr std::size_t kMostFindings = 2000;
+
+class Page {
+ public:
+  Page(const Request& request, const std::function<void(const std::string& piece)>& write)
+      : request_(request), write_(write) {}
+
+  void gather(const std::function<void()>& step) {
+    Doctor doctor(surveySizes(request_.store));
+    for (const Capture& capture : capturesShown()) {
+      Digest digest = digestOf(capture, doctor);
+      // Somebody else's folder has nothing to do with captures.
+      if (digest.overview.looksLikeCapture || isNamed()) digests_.push_back(std::move(digest));
+      step();
+    }
+    chooseSections();
+  }
+
+  std::size_t write() {
+    writeHead();
+    if (request_.compared) writeComparison();
+    writeOverview();
+    for (std::size_t i = 0; i < digests_.size(); ++i) {
+      if (!sections_[i].empty()) writeCapture(digests_[i], sections_[i], isLarge_[i]);
+    }
+    put("foot.html", {{"plot", asset("dygraph.js").text}, {"script", asset("page.js").text}});
+    return digests_.size();
+  }
+
+ private:
+  bool isNamed() const { return !request_.captures.empty() || request_.compared; }
+
+  /// Each one once.
+  std::vector<Capture> capturesShown() const {
+    if (!isNamed()) return request_.store.captures();
+    std::vector<Capture> captures;
+    const auto add = [&](const Capture& capture) {
+      const bool known = std::any_of(captures.begin(), captures.end(), [&](const Capture& each) {
+        return each.path == capture.path;
+      });
+      if (!known) captures.push_back(capture);
+    };
+    for (const Capture& capture : request_.captures) add(capture);
+    if (request_.compared) {
+      add(request_.compared->first);
+      add(request_.compared->second);
+    }
+    return captures;
+  }
+
+  bool isNamedItself(const Capture& capture) const {
+    return std::any_of(request_.captures.begin(), request_.captures.end(),
+                       [&](const Capture& each) { return each.path == capture.path; });
+  }
+
+  /// Of images and what is named; large ones have pictures.
+  void chooseSections() {
+    std::vector<std::size_t> images;
+    for (std::size_t i = 0; i < digests_.size(); ++i) {
+      const Capture& capture = digests_[i].capture;
+      const bool isImage = capture.kind == CaptureKind::kImage;
+      const bool shown = isNamed() || isImage || request_.allPictures;
+      sections_.push_back(shown ? fmt::format("c{}", i) : "");
+      isLarge_.push_back(shown && (request_.allPictures || isNamedItself(capture)));
+      if (isImage) images.push_back(i);
+    }
+    if (isNamed() || request_.allPictures) return;
+    const auto age = [&](std::size_t i) {
+      return digests_[i].overview.newest.value_or(std::numeric_limits<std::int64_t>::min());
+    };
+    std::stable_sort(images.begin(), images.end(),
+                     [&](std::size_t a, std::size_t b) { return age(a) > age(b); });
+    images.resize(std::min(images.size(), kNewest));
+    for (const std::size_t i : images) isLarge_[i] = true;
+  }
+
+  void put(const char* name, const Json& data) { write_(filled(name, data)); }
+
+  std::string title() const {
+    if (request_.compared) {
+      return fmt::format("{} and {}", printable(request_.compared->first.name),
+                         printable(request_.compared->second.name));
+    }
+    if (digests_.size() == 1) return "Capture " + printable(digests_.front().capture.name);
+    return "Captures of " + printable(request_.store.data());
+  }
+
+  void writeHead() {
+    Json large = Json::array();
+    for (std::size_t i = 0; i < digests_.size(); ++i) {
+      if (!isLarge_[i]) continue;
+      large.push_back(
+          {{"largeId", sections_[i]}, {"largeName", printable(digests_[i].capture.name)}});
+    }
+    put("head.html", {{"pageTitle", title()},
+                      {"pageFacts", fmt::format("{} in {}.", counted(digests_.size(), "capture"),
+                                                printable(request_.store.data()))},
+                      {"compared", request_.compared.has_value()},
+                      {"large", large},
+                      {"plotHash", asset("dygraph.js").hash},
+                      {"scriptHash", asset("page.js").hash},
+                      {"plotStyleHash", asset("dygraph.css").hash},
+                      {"styleHash", asset("page.css").hash},
+                      {"plotStyle", asset("dygraph.css").text},
+                      {"style", asset("page.css").text}});
+  }
+
+  void writeOverview() {
+    Json findings = findingRows(digests_);
+    const std::size_t count = findings.size();
+    std::string sentence = counted(count, "finding") + " in all.";
+    if (count > kMostFindings) {
+      findings.erase(findings.begin() + kMostFindings, findings.end());
+      sentence += fmt::format(" The first {} are shown.", kMostFindings);
+    }
+    put("overview.html", {{"hasFindings", count > 0},
+                          {"findingsSentence", sentence},
+                          {"findingList", std::move(findings)},
+                          {"timelines", timelines(digests_)},
+                          {"consistency", requestConsistency(digests_)},
+                          {"captureList", overviewRows(digests_, sections_)}});
+  }
+
+  void writeCapture(const Digest& digest, const std::string& id, bool large) {
+    put("capture.html", captureHead(digest, id, large));
+    if (large) {
+      forEachGroup(digest.capture, request_.view, ids_,
+                   [this](const Json& group) { put("group.html", group); });
+    }
+    put("capture_end.html", Json::object());
+  }
+
+  void writeComparison() {
+    const auto& [a, b] = *request_.compared;
+    put("comparison.html", {{"nameOfA", printable(a.name)}, {"nameOfB", printable(b.name)}});
+    try {
+      forEachDifference(a, b, ids_, [this](const Json& group) { put("group.html", group); });
+    } catch (const Error& error) {
+      put("group.html", {{"groupTitle", printable(error.what())},
+                         {"views", Json::array()},
+                         {"tables", Json::array()}});
+    }
+    put("capture_end.html", Json::object());
+  }
+
+  const Request& request_;
+  const std::function<void(const std::string& piece)>& write_;
+  std::vector<Digest> digests_;
+  std::vector<std::string> sections_;  ///< of each capture, its id; empty: it has none
+  std::vector<bool> isLarge_;
+  Ids ids_;
+};
+
+}  // namespace
+
+std::size_t writeReport(const Request& request,
+                        const std::function<void(const std::string& piece)>& write,
+                        const std::function<void()>& step) {
+  Page page(request, write);
+  page.gather(step);
+  return page.write();
+}
+
+}  // namespace simrec::report

@@ -1,0 +1,431 @@
+// What a page of pictures says: its numbers, its structure, and that nothing in a capture is
+// markup.
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+#include <png.h>
+#include <sys/stat.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+#include "simrec/error.h"
+#include "simrec/new_file.h"
+#include "simrec/report/bayer_grid.h"
+#include "simrec/report/encoding.h"
+#include "simrec/report/label_map.h"
+#include "simrec/report/lens_shading.h"
+#include "simrec/report/overview_view.h"
+#include "simrec/report/plane.h"
+#include "simrec/report/report.h"
+#include "tests/simrec/temp_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace simrec;
+using namespace simrec::report;
+
+std::string numbers(std::size_t count, const std::function<double(std::size_t)>& at) {
+  std::string text;
+  for (std::size_t i = 0; i < count; ++i) text += fmt::format("{} ", at(i));
+  return text;
+}
+
+std::string element(const std::string& name, const std::string& text) {
+  return "<" + name + ">" + text + "</" + name + ">";
+}
+
+/// Four regions in a row of three and one row, or as the header says; the last one counted nothing.
+std::string gridXml(const std::string& shape, bool saturation = false) {
+  std::string lists;
+  const auto add = [&](const char* channel, const char* sums, const char* counts) {
+    lists += element(channel + std::string("Sum"), sums) +
+             element(channel + std::string("Count"), counts);
+  };
+  add("R", "100 200 300 0 ", "10 10 10 0 ");
+  add("B", "50 50 50 0 ", "10 10 5 0 ");
+  add("GRorG", "100 100 100 0 ", "10 10 10 0 ");
+  add("GB", "300 100 100 0 ", "10 10 10 0 ");
+  add("Y", "18446744073709551615 1 1 1 ", "1 1 1 1 ");
+  return fmt::format(
+      R"(<SimulationData><AWBBGStats usesY="1" hasSatInfo="{}" numROIs="4" {} BLStretchFactor="1" )"
+      R"(channelGainThreshold="1 2 3 4 ">{}</AWBBGStats></SimulationData>)",
+      saturation ? 1 : 0, shape, lists);
+}
+
+constexpr char kSquare[] = R"(horizontal_num="2" vertical_num="2")";
+
+std::string shadingXml() {
+  const auto bowl = [](std::size_t i) {
+    const double x = (static_cast<double>(i % 17) - 8) / 8,
+                 y = (static_cast<double>(i / 17) - 6) / 6;
+    return 1 + (x * x + y * y) * 0.75;
+  };
+  std::string gains;
+  for (const char* const name : {"rGain", "grGain", "gbGain", "bGain"}) {
+    gains += element(name, numbers(13 * 17, bowl));
+  }
+  return R"(<SimulationData><LensShadingInfo width="17" height="13">)" + gains +
+         "</LensShadingInfo></SimulationData>";
+}
+
+Record recordIn(const TempFolder& folder, const std::string& name, const std::string& content) {
+  folder.write(name, content);
+  File file;
+  file.name = name;
+  file.parts = catalogue::parseFileName(name);
+  return readRecord(folder.path(), file);
+}
+
+constexpr char kGridFile[] = "simulation_AWB_ParsedAWBStatsOutput_p_camId[0].xml";
+constexpr char kShadingFile[] = "simulation_LSC[p]_index[0]_ev[0].xml";
+
+TEST(ReportGrid, RatiosAreThoseOfMeansAndNoneWhereNothingWasCounted) {
+  const TempFolder folder;
+  const BayerGrid grid = bayerGridOf(recordIn(folder, kGridFile, gridXml(kSquare, true)).values);
+  EXPECT_EQ(grid.columns, 2U);
+  ASSERT_EQ(grid.redness.values.size(), 4U);
+  EXPECT_DOUBLE_EQ(grid.redness.values[0], 0.5);  // 10 over the mean of both greens, 20
+  EXPECT_DOUBLE_EQ(grid.redness.values[2], 3);
+  EXPECT_DOUBLE_EQ(grid.blueness.values[2], 1);
+  EXPECT_TRUE(std::isnan(grid.redness.values[3]));
+  EXPECT_DOUBLE_EQ(grid.level.values[0], 550.0 / 40);
+  EXPECT_DOUBLE_EQ(grid.meanRedness, 20 / (800.0 / 60));
+  EXPECT_DOUBLE_EQ(grid.left.values[2], 1 - 35.0 / 40);
+}
+
+TEST(ReportGrid, AShapeThatDoesNotFitGivesNoMap) {
+  const TempFolder folder;
+  for (const char* const shape :
+       {R"(horizontal_num="3" vertical_num="1")", R"(horizontal_num="0" vertical_num="4")",
+        R"(horizontal_num="4294967295" vertical_num="2")", ""}) {
+    Ids ids;
+    const Record record = recordIn(folder, kGridFile, gridXml(shape));
+    const Json view = viewOf(record, {}, ids);
+    for (const Json& figure : view["figures"]) EXPECT_EQ(figure["png"], false) << shape;
+    EXPECT_NE(view["viewFacts"].get<std::string>().find("no maps"), std::string::npos);
+  }
+}
+
+TEST(ReportShading, FallOffIsWhatTheCornersLose) {
+  const TempFolder folder;
+  const auto channels = shadingOf(recordIn(folder, kShadingFile, shadingXml()).values);
+  ASSERT_EQ(channels.size(), 4U);
+  EXPECT_DOUBLE_EQ(channels[0].center, 1);
+  EXPECT_DOUBLE_EQ(channels[3].meanCorner(), 2.5);
+  EXPECT_DOUBLE_EQ(channels[3].lost(), 0.6);
+  ASSERT_EQ(channels[0].diagonal.size(), 17U);
+  EXPECT_DOUBLE_EQ(channels[0].diagonal[0], 2.5);
+  EXPECT_DOUBLE_EQ(channels[0].diagonal[8], 1);
+}
+
+/// The picture as red, green and blue of each pixel.
+std::vector<Color> pixelsOf(const std::string& png, std::size_t width, std::size_t height) {
+  png_image image = {};
+  image.version = PNG_IMAGE_VERSION;
+  EXPECT_NE(png_image_begin_read_from_memory(&image, png.data(), png.size()), 0) << image.message;
+  EXPECT_EQ(image.width, width);
+  EXPECT_EQ(image.height, height);
+  image.format = PNG_FORMAT_RGB;
+  std::vector<Color> pixels(width * height);
+  EXPECT_NE(png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr), 0) << image.message;
+  return pixels;
+}
+
+TEST(ReportPictures, ColoursRunFromOneEndToTheOther) {
+  const Field field = {3, 2, {0, 5, 10, -7, 99, std::nan("")}};
+  const auto pixels = pixelsOf(pngOf(field, {0, 10}, sequentialPalette()), 3, 2);
+  const Palette& palette = sequentialPalette();
+  const Color wanted[] = {palette[0], palette[128], palette[255],
+                          palette[0], palette[255], kNoValue};
+  EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), std::begin(wanted)));
+  EXPECT_TRUE((palette[0] == Color{0x44, 0x01, 0x54}) && (palette[255] == Color{0xfd, 0xe7, 0x25}));
+}
+
+TEST(ReportPictures, EachLabelHasAColourOfItsOwn) {
+  std::set<std::string> colors;
+  for (const Color color : labelPalette()) colors.insert(hexOf(color));
+  EXPECT_EQ(colors.size(), 256U);
+}
+
+TEST(ReportPictures, ThePlanesWidthIsFound) {
+  for (const auto& [width, height] : {std::pair<std::size_t, std::size_t>{48, 36}, {64, 20}}) {
+    std::string bytes;
+    for (std::size_t i = 0; i < width * height; ++i) {
+      bytes += static_cast<char>((i % width) * 5 + (i / width) % 3);
+    }
+    bytes.append(width * height / 2, '\x55');
+    const Plane plane = planeOf(bytes, 0);
+    EXPECT_EQ(plane.width, width);
+    EXPECT_EQ(plane.height, height);
+    EXPECT_EQ(planeOf(bytes, 24).height, width * height / 24);
+  }
+  EXPECT_EQ(planeOf("x", 0).width, 0U);
+  EXPECT_EQ(planeOf("abc", 100).width, 0U);
+}
+
+/// What a page has packed, unpacked.
+std::string unpacked(const std::string& text) {
+  std::string bytes;
+  std::uint32_t bits = 0;
+  int count = 0;
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  for (const char digit : text.substr(0, text.find('='))) {
+    bits = bits << 6 | static_cast<std::uint32_t>(kDigits.find(digit));
+    count += 6;
+    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
+  }
+  std::string out(1 << 20, '\0');
+  uLongf size = out.size();
+  EXPECT_EQ(uncompress(reinterpret_cast<Bytef*>(out.data()), &size,
+                       reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()),
+            Z_OK);
+  return out.substr(0, size);
+}
+
+TEST(ReportNumbers, ListsArePackedAsShowHasThem) {
+  const TempFolder folder;
+  Ids ids;
+  const Json view = viewOf(recordIn(folder, kGridFile, gridXml(kSquare)), {}, ids);
+  const std::string text = unpacked(view["dataSets"][0]["data"].get<std::string>());
+  EXPECT_NE(text.find("YSum\t18446744073709551615,1,1,1\n"), std::string::npos);
+  EXPECT_NE(text.find("R/G\t0.5,2,3,none\n"), std::string::npos) << text;
+  EXPECT_NE(view["figures"][1]["summary"].get<std::string>().find(
+                "Highest 3 at column 0, row 1 (number 2)"),
+            std::string::npos);
+}
+
+std::string rectangle(int left, int width) {
+  return element("left", std::to_string(left)) + element("top", "1") +
+         element("width", std::to_string(width)) + element("height", "2");
+}
+
+/// Eight labels in a map that should be `columns` wide; three instances of which two are valid.
+std::string labelXml(int columns) {
+  std::string instances;
+  for (int i = 0; i < 3; ++i) {
+    const std::string parts =
+        element("partROI", rectangle(i, 0)) + element("partROI", rectangle(i, 1));
+    instances +=
+        element("qsegInstInfo", element("ID", std::to_string(40 + i)) +
+                                    element("roi", rectangle(i, 3)) + element("partROIs", parts));
+  }
+  return element(
+      "QSegImageInfo",
+      element("isQSegInfoValid", "0") + element("horizontalRegionCount", std::to_string(columns)) +
+          element("verticalRegionCount", "2") + element("qsegInstCount", "2") +
+          element("qsegStatsInfo", "3 3 0 0 0 0 255 0 ") + element("qsegInstInfos", instances));
+}
+
+TEST(ReportSegmentation, SharesAreOfAllLabelsAndFramesOfValidInstances) {
+  const TempFolder folder;
+  Ids ids;
+  const std::string name = "simulation_AWB_QsegImageData_camId[0].xml";
+  const Json view = viewOf(recordIn(folder, name, labelXml(4)), {}, ids);
+  EXPECT_EQ(view["viewFacts"], "4 x 2 labels; the segmentation is not valid.");
+  const Json& shares = view["tables"][0]["tableRows"];
+  ASSERT_EQ(shares.size(), 3U);
+  EXPECT_EQ(shares[1]["rowName"], "Label 3");
+  EXPECT_EQ(shares[1]["cells"][0]["cellText"], "25.00 %");
+  EXPECT_EQ(shares[1]["swatch"], hexOf(labelPalette()[3]));
+  const Json& overlay = view["figures"][0]["overlay"];
+  EXPECT_EQ(overlay["rectangles"].size(), 2U);
+  EXPECT_EQ(overlay["rectangles"][1]["left"], 1);
+  EXPECT_EQ(overlay["parts"].size(), 2U);  // the others have no area
+  EXPECT_EQ(view["tables"][1]["tableRows"][1]["cells"][0]["cellText"], "41");
+  const Json other = viewOf(recordIn(folder, name, labelXml(3)), {}, ids);
+  EXPECT_NE(other["viewFacts"].get<std::string>().find("8 x 1 labels (as many as"),
+            std::string::npos);
+}
+
+TEST(ReportSpectral, BarsStandOnZero) {
+  const TempFolder folder;
+  Ids ids;
+  const Json view =
+      viewOf(recordIn(folder, "simulation_ZOAWB_SpectralSensorInfo.xml",
+                      element("SpectralSensorInfo", element("channelDatas", "30 -10 nan 0.1 "))),
+             {}, ids);
+  const Json& bars = view["bars"]["barItems"];
+  ASSERT_EQ(bars.size(), 4U);
+  EXPECT_EQ(bars[0]["barTop"], "0.0");
+  EXPECT_EQ(bars[0]["barHeight"], "120.0");
+  EXPECT_EQ(bars[1]["barTop"], "120.0");
+  EXPECT_EQ(bars[1]["barHeight"], "40.0");
+  EXPECT_EQ(bars[2]["barHeight"], "0.0");
+  EXPECT_EQ(view["tables"][0]["tableRows"][0]["cells"][3]["cellText"], "0.1");
+  const Json above =
+      viewOf(recordIn(folder, "simulation_ZOAWB_SpectralSensorInfo.xml",
+                      element("SpectralSensorInfo", element("channelDatas", "40 10 "))),
+             {}, ids);
+  EXPECT_EQ(above["bars"]["barItems"][1]["barHeight"], "40.0");
+}
+
+/// A page of these captures, or of the whole data folder.
+std::string pageOf(const TempFolder& data, const std::vector<std::string>& names = {},
+                   const std::vector<std::string>& compared = {}) {
+  Request request = {Store(data.path()), {}};
+  for (const std::string& name : names) request.captures.push_back(request.store.find(name));
+  if (!compared.empty()) {
+    request.compared = {request.store.find(compared[0]), request.store.find(compared[1])};
+  }
+  std::string page;
+  writeReport(
+      request, [&](const std::string& piece) { page += piece; }, [] {});
+  return page;
+}
+
+std::size_t countOf(const std::string& part, const std::string& text) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+    ++count;
+  }
+  return count;
+}
+
+void addRequest(const TempFolder& data, int request, int camera, bool settled, double lux) {
+  const std::string folder =
+      fmt::format("tmp/RequestID[{}]_camId[{}]/simulation_", request, camera);
+  data.write(folder + fmt::format("AWB_AECData_camId[{}].xml", camera),
+             fmt::format(R"(<SimulationData><AWBAlgoExposureInformation luxIndex="1" )"
+                         R"(AECSettled="{}" frameDuration="1"><BETemplateMatrix>1 2 3 4 )"
+                         R"(</BETemplateMatrix></AWBAlgoExposureInformation></SimulationData>)",
+                         settled ? 257 : 0));
+  data.write(
+      folder + fmt::format("AE_AECData_camId[{}]_ev[0].xml", camera),
+      "<SimulationData>" + element("LuxIndex", fmt::format("{}", lux)) + "</SimulationData>");
+}
+
+TEST(ReportPage, TellsWhenExposureSettledAndWhichCamerasDisagree) {
+  const TempFolder data;
+  for (int request = 8; request < 14; ++request) {
+    addRequest(data, request, 0, request == 8 || request > 10, 100);
+    addRequest(data, request, 1, request == 8, request == 12 ? 150 : 100 + request / 2.0);
+  }
+  const std::string page = pageOf(data);
+  EXPECT_NE(page.find("camera 0</th><td>request 11</td><td>request 10</td><td>2</td>"),
+            std::string::npos);
+  EXPECT_NE(page.find("not settled at the end</td><td>request 13</td>"), std::string::npos);
+  EXPECT_NE(page.find("lux index by 33.3 %, exposure settled</td>"), std::string::npos);
+  EXPECT_NE(page.find("those of 3 are consistent within 10 %"), std::string::npos);  // 8, 9, 10
+}
+
+TEST(ReportPage, ShowsTheNewestImagesInPictures) {
+  const TempFolder data;
+  for (int image = 1; image <= 5; ++image) {
+    const std::string name = fmt::format("IMG_{}/{}", image, kGridFile);
+    const timespec time = {1000 + 100 * ((image + 2) % 5), 0};  // the newest: IMG_2, then 1 and 5
+    const timespec times[] = {time, time};
+    utimensat(AT_FDCWD, data.write(name, gridXml(kSquare)).c_str(), times, 0);
+  }
+  const std::string page = pageOf(data);
+  EXPECT_EQ(countOf("<h4>", page), kNewest);
+  for (const int small : {3, 4}) {
+    EXPECT_EQ(countOf(fmt::format("simrec report IMG_{}<", small), page), 1U) << small;
+  }
+  EXPECT_EQ(countOf("class=\"thumbnail\"", page), 5U);
+  Request all = {Store(data.path()), {}};
+  all.allPictures = true;
+  std::string whole;
+  EXPECT_EQ(writeReport(
+                all, [&](const std::string& piece) { whole += piece; }, [] {}),
+            5U);
+  EXPECT_EQ(countOf("<h4>", whole), 5U);
+}
+
+TEST(ReportPage, SmallRecordsStandInColumnsByCamera) {
+  const TempFolder data;
+  const auto write = [&](const std::string& file, const std::string& members) {
+    data.write("IMG_1/simulation_" + file, element("SimulationData", members));
+  };
+  write("AE_AECData_camId[0]_ev[-1].xml", element("LuxIndex", "1"));
+  write("AE_AECData_camId[0]_ev[0].xml", element("LuxIndex", "2"));
+  write("AE_AECData_camId[1]_ev[0].xml", element("DrcGain", "0.1"));
+  const std::string page = pageOf(data, {"IMG_1"});
+  EXPECT_NE(page.find("LuxIndex</th><td>1</td><td>2</td><td class=\"marked\">missing</td>"),
+            std::string::npos);
+  EXPECT_NE(page.find("DrcGain</th><td class=\"marked\">missing</td><td class=\"marked\">missing"
+                      "</td><td>0.1</td>"),
+            std::string::npos);
+  const auto store = Store(data.path());
+  Doctor doctor(surveySizes(store));
+  const Digest digest = digestOf(store.find("IMG_1"), doctor);
+  ASSERT_FALSE(digest.moments.empty());
+  EXPECT_EQ(digest.moments[0].values[0], 2);  // of the step nearest to 0
+  EXPECT_EQ(digest.moments[0].request, 1);
+}
+
+TEST(ReportPage, SetsTwoCapturesSideBySide) {
+  const TempFolder data;
+  data.write(std::string("IMG_1/") + kShadingFile, shadingXml());
+  std::string changed = shadingXml();
+  changed.replace(changed.find("<rGain>2.5 "), 11, "<rGain>5 ");
+  data.write(std::string("IMG_2/") + kShadingFile, changed);
+  const std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
+  EXPECT_NE(page.find("1 of 221 places differ, most by 2.5 at column 0, row 0"), std::string::npos);
+  EXPECT_EQ(countOf("<figcaption>", page), 3U);  // R alone differs
+  EXPECT_EQ(countOf("<figcaption>", pageOf(data, {}, {"IMG_1", "IMG_1"})), 0U);
+}
+
+TEST(ReportPage, NothingInACaptureIsMarkup) {
+  const TempFolder data;
+  const std::string nasty = "<script>alert(1)<!--\"'&{{page}}\x1b\xff";
+  const std::string texts = element("syncinfo", "&lt;/script&gt;&lt;script&gt;");
+  data.write(nasty + "/simulation_ZOAWB_SyncInfo_camId[0].xml",
+             "<AWBsyncInfo>" + texts + "</AWBsyncInfo>");
+  data.write(nasty + "/simulation_LSC[" + nasty + "]_index[0]_ev[0].xml", shadingXml());
+  data.write(nasty + "/simulation_" + nasty, "");
+  data.write("IMG_1/simulation_AWB_FaceROI_camId[0].bin", "short");
+  for (const std::string& page :
+       {pageOf(data), pageOf(data, {nasty, "IMG_1"}), pageOf(data, {}, {nasty, "IMG_1"})}) {
+    EXPECT_EQ(page.find("<script>alert"), std::string::npos);
+    EXPECT_EQ(countOf("<!--", page), 0U);
+    // The program's own two, and data.
+    EXPECT_EQ(countOf("<script", page), 2 + countOf("<script type=\"text/plain\"", page));
+    EXPECT_NE(page.find("&lt;script&gt;alert(1)&lt;!--&quot;&apos;&amp;{{page}}\\x1b\xEF\xBF\xBD"),
+              std::string::npos);
+    EXPECT_NE(page.find("5 bytes instead of 1784"), std::string::npos);
+    EXPECT_NE(page.find("default-src 'none'"), std::string::npos);
+  }
+}
+
+TEST(ReportPage, DamagedAndMissingFilesAreTold) {
+  const TempFolder data;
+  data.write(std::string("IMG_1/") + kGridFile, "<SimulationData><AWBBGStats");
+  data.write("IMG_1/simulation_AWB_QsegImageData_camId[1].xml", "");
+  data.write("IMG_1/simulation_ACB_acb_camId[0].bin", "");
+  mkfifo((data.path() + "/IMG_1/simulation_ZOAWB_SpectralSensorInfo.xml").c_str(), 0600);
+  const std::string page = pageOf(data, {"IMG_1"});
+  for (const char* const part :
+       {"(line 1)", "empty", "a FIFO, device or socket",
+        "simulation_AWB_QsegImageData_camId[0].xml</td><td><strong class=\"warning\">"}) {
+    EXPECT_NE(page.find(part), std::string::npos) << part;
+  }
+  EXPECT_EQ(countOf("</section>", page), 4U);
+}
+
+TEST(NewFile, AppearsWholeOrNotAtAll) {
+  const TempFolder folder;
+  const std::string path = folder.write("page.html", "old");
+  const auto contentOf = [](const std::string& file) {
+    return (std::ostringstream() << std::ifstream(file).rdbuf()).str();
+  };
+  { NewFile(path).write("half"); }
+  EXPECT_EQ(contentOf(path), "old");
+  fs::create_symlink(path, folder.path() + "/link");
+  NewFile file(folder.path() + "/link");
+  file.write("new");
+  file.finish();
+  EXPECT_EQ(contentOf(path), "new");
+  EXPECT_TRUE(fs::is_symlink(folder.path() + "/link"));
+  mkfifo((folder.path() + "/fifo").c_str(), 0600);
+  for (const std::string& bad :
+       {folder.path(), folder.path() + "/fifo", folder.path() + "/no/file", std::string()}) {
+    EXPECT_THROW(NewFile{bad}, Error) << bad;
+  }
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 3);
+}
+
+}  // namespace
