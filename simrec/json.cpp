@@ -85,23 +85,6 @@ void appendIntegers(std::string& out, const std::vector<Integer>& values) {
             [&](Integer value) { out.append(text, simulation::writeUnsigned(text, value)); });
 }
 
-void appendNumbers(std::string& out, const NumberList& list) {
-  out += '[';
-  std::visit(
-      [&](const auto& values) {
-        using Item = typename std::decay_t<decltype(values)>::value_type;
-        if constexpr (!std::is_same_v<Item, float>) {
-          appendIntegers(out, values);
-        } else if (!list.text.empty()) {
-          appendFloats(out, list.text, values.size());
-        } else {
-          appendAll(out, values, [&](float value) { out += dump(toJson(shortestDecimal(value))); });
-        }
-      },
-      list.values);
-  out += ']';
-}
-
 void appendList(std::string& out, const NumberList& list, bool whole) {
   if (whole || list.size() <= kShortList) return appendNumbers(out, list);
   const Summary summary = summaryOf(list);
@@ -142,6 +125,23 @@ void appendMembers(std::string& out, const Values& values, bool lists) {
 }
 
 }  // namespace
+
+void appendNumbers(std::string& out, const NumberList& list) {
+  out += '[';
+  std::visit(
+      [&](const auto& values) {
+        using Item = typename std::decay_t<decltype(values)>::value_type;
+        if constexpr (!std::is_same_v<Item, float>) {
+          appendIntegers(out, values);
+        } else if (!list.text.empty()) {
+          appendFloats(out, list.text, values.size());
+        } else {
+          appendAll(out, values, [&](float value) { out += dump(toJson(shortestDecimal(value))); });
+        }
+      },
+      list.values);
+  out += ']';
+}
 
 void setName(Json& object, const char* key, const char* bytesKey, std::string_view name) {
   object[key] = asUtf8(name);
