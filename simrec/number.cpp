@@ -178,6 +178,27 @@ NumberList parseList(std::string_view text, Type type, std::size_t most, std::st
   return takeAll<float>(text, most, problem);
 }
 
+std::vector<double> decimalsOf(const NumberList& list) {
+  std::vector<double> decimals;
+  decimals.reserve(list.size());
+  if (list.text.empty()) {
+    for (const float value : std::get<std::vector<float>>(list.values)) {
+      decimals.push_back(shortestDecimal(value));
+    }
+    return decimals;
+  }
+  const char* at = list.text.data();
+  const char* const end = at + list.text.size();
+  while (decimals.size() < list.size()) {
+    at = std::find_if_not(at, end, isBlank);
+    const char* const stop = std::find_if(at, end, isBlank);
+    const auto number = parseFloat({at, static_cast<std::size_t>(stop - at)});
+    decimals.push_back(std::get<Number>(number).decimal);
+    at = stop;
+  }
+  return decimals;
+}
+
 Number numberInBytes(const char* bytes, Type type) {
   switch (type) {
     case Type::kUint8:

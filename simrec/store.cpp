@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <tuple>
 #include <utility>
 
@@ -91,6 +92,36 @@ bool look(const Folder& folder, File& file) {
   return true;
 }
 
+/// What every name of the kind begins with.
+std::string beginningOf(const catalogue::Kind& kind) {
+  const std::string_view pattern = kind.pattern;
+  return std::string(kRecordPrefix) + std::string(pattern.substr(0, pattern.find('{')));
+}
+
+/// Of `only` records of that kind; null: everything.
+std::vector<File> readFolder(const Capture& capture, const catalogue::Kind* only) {
+  const bool staged = capture.kind == CaptureKind::kStaged;
+  const std::string beginning = only != nullptr ? beginningOf(*only) : "";
+  std::vector<File> files;
+  Folder folder(capture.path);
+  while (const char* const name = folder.next()) {
+    if (std::strncmp(name, beginning.c_str(), beginning.size()) != 0) continue;
+    if (staged ? !startsAsRecord(name) : std::string_view(name) == kProvenanceFile) continue;
+    File& file = files.emplace_back();
+    file.name = name;
+    file.parts = catalogue::parseFileName(name);
+    const bool wanted = only == nullptr || (file.parts && file.parts->kind == only);
+    const bool there = wanted && look(folder, file);
+    if (!there || (staged && file.type == FileType::kFolder)) files.pop_back();
+  }
+  return files;
+}
+
+void sortByName(std::vector<File>& files) {
+  std::sort(files.begin(), files.end(),
+            [](const File& a, const File& b) { return a.name < b.name; });
+}
+
 }  // namespace
 
 const char* nameOf(CaptureKind kind) {
@@ -144,25 +175,17 @@ Capture Store::find(const std::string& name) const {
   throw Error("no capture is called '" + name + "' in " + data_);
 }
 
-std::vector<File> unsortedFilesOf(const Capture& capture) {
-  std::vector<File> files;
-  Folder folder(capture.path);
-  while (const char* name = folder.next()) {
-    const bool staged = capture.kind == CaptureKind::kStaged;
-    if (staged ? !startsAsRecord(name) : std::string_view(name) == kProvenanceFile) continue;
-    File& file = files.emplace_back();
-    file.name = name;
-    file.parts = catalogue::parseFileName(name);
-    const bool there = look(folder, file);
-    if (!there || (staged && file.type == FileType::kFolder)) files.pop_back();
-  }
+std::vector<File> unsortedFilesOf(const Capture& capture) { return readFolder(capture, nullptr); }
+
+std::vector<File> filesOf(const Capture& capture) {
+  std::vector<File> files = readFolder(capture, nullptr);
+  sortByName(files);
   return files;
 }
 
-std::vector<File> filesOf(const Capture& capture) {
-  std::vector<File> files = unsortedFilesOf(capture);
-  std::sort(files.begin(), files.end(),
-            [](const File& a, const File& b) { return a.name < b.name; });
+std::vector<File> filesOf(const Capture& capture, const catalogue::Kind& kind) {
+  std::vector<File> files = readFolder(capture, &kind);
+  sortByName(files);
   return files;
 }
 
