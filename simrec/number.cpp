@@ -9,6 +9,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "core/listed_numbers.h"
 #include "core/number_text.h"
 #include "simrec/text.h"
 
@@ -112,6 +113,10 @@ NumberList takeAll(std::string_view text, std::size_t most, std::string& problem
   const char* end = cursor + text.size();
   while (end != cursor && isBlank(end[-1])) --end;
   while (cursor != end) {
+    if constexpr (std::is_integral_v<Item>) {
+      simulation::takeListedNumbers<Item>(cursor, end, most - values.size(),
+                                          [&](Item value) { values.push_back(value); });
+    }
     if (values.size() == most) {
       problem = "what follows number " + std::to_string(most) + " was not looked at";
       break;
