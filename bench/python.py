@@ -64,7 +64,7 @@ def plain_arrays(paths):
 
 
 def module_arrays(data):
-    return [capture.record(GRID, camera=0, text="preview") for capture in simrec.Store(data)]
+    return list(simrec.Store(data).records(GRID, camera=0))
 
 
 def compare_tables(table, plain):

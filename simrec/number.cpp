@@ -109,6 +109,7 @@ bool takeNumber(const char*& cursor, const char* end, Integer& value) {
 template <typename Item>
 NumberList takeAll(std::string_view text, std::size_t most, std::string& problem) {
   std::vector<Item> values;
+  values.reserve(std::min(most, text.size() / 2 + 1));  // a digit and a blank each
   const char* cursor = text.data();
   const char* end = cursor + text.size();
   while (end != cursor && isBlank(end[-1])) --end;

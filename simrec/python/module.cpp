@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -15,6 +16,7 @@
 #include "simrec/python/conversion.h"
 #include "simrec/python/errors.h"
 #include "simrec/selection.h"
+#include "simrec/table/record_stream.h"
 #include "simrec/text.h"
 
 namespace simrec::python {
@@ -34,7 +36,7 @@ struct RecordHead {
   std::string content;  ///< of a binary file
 };
 
-/// Which records of a capture somebody asks for. None: any.
+/// Which records somebody asks for. None: any.
 struct Query {
   const catalogue::Kind* kind = nullptr;
   std::optional<int> camera = {}, ev = {}, index = {};
@@ -99,12 +101,7 @@ std::string wordsFor(const Capture& capture, const Query& query) {
   return words + " in " + capture.path;
 }
 
-py::object readOne(const Capture& capture, const File& file, bool strict) {
-  Record record;
-  {
-    const py::gil_scoped_release unlocked;
-    record = readRecord(capture.path, file);
-  }
+py::object recordOf(const Capture& capture, const File& file, Record record, bool strict) {
   const std::string path = capture.path + "/" + file.name;
   if (strict && !record.problems.empty()) {
     std::string words;
@@ -121,6 +118,15 @@ py::object readOne(const Capture& capture, const File& file, bool strict) {
   if (binary && record.opened) members["size"] = record.file.bytes;
   object.attr("__dict__").attr("update")(members);
   return object;
+}
+
+py::object readOne(const Capture& capture, const File& file, bool strict) {
+  QuickRecord quick;
+  {
+    const py::gil_scoped_release unlocked;
+    quick = readQuickly(capture, file);
+  }
+  return recordOf(capture, file, std::move(quick.record), strict);
 }
 
 py::list readAll(const Capture& capture, const Query& query, bool strict) {
@@ -162,6 +168,29 @@ py::object recordFor(const Capture& capture, const Query& query, bool strict) {
   return readOne(capture, files.front(), strict);
 }
 
+void warn(const std::string& trouble) {
+  if (PyErr_WarnEx(PyExc_RuntimeWarning, printable(trouble).c_str(), 1) != 0) {
+    throw py::error_already_set();
+  }
+}
+
+/// Records of all captures.
+struct RecordIterator {
+  std::unique_ptr<RecordStream> stream;  // can't be copied
+  bool strict;
+
+  py::object operator()() {
+    std::optional<RecordStream::Item> item;
+    {
+      const py::gil_scoped_release unlocked;
+      item = stream->next();
+    }
+    for (const std::string& trouble : stream->takeTroubles()) warn(trouble);
+    if (!item) throw py::stop_iteration();
+    return recordOf(*item->capture, item->file, std::move(item->quick.record), strict);
+  }
+};
+
 struct CaptureIterator {
   std::vector<Capture> captures;
   std::size_t next = 0;
@@ -190,11 +219,7 @@ py::dict tableOf(const Store& store, const std::string& kind) {
     unlocked([&] { columns.append(readColumns({&captures[at], &captures[0] + end}, table)); });
     if (PyErr_CheckSignals() != 0) throw py::error_already_set();  // somebody pressed Ctrl-C
   }
-  for (const std::string& trouble : columns.troubles) {
-    if (PyErr_WarnEx(PyExc_RuntimeWarning, printable(trouble).c_str(), 1) != 0) {
-      throw py::error_already_set();
-    }
-  }
+  for (const std::string& trouble : columns.troubles) warn(trouble);
   return toPython(std::move(columns));
 }
 
@@ -364,6 +389,9 @@ void addStore(py::module_& module) {
   py::class_<CaptureIterator>(module, "_CaptureIterator", py::module_local())
       .def("__iter__", [](py::object self) { return self; })
       .def("__next__", &CaptureIterator::operator(), Unlocked());
+  py::class_<RecordIterator>(module, "_RecordIterator", py::module_local())
+      .def("__iter__", [](py::object self) { return self; })
+      .def("__next__", &RecordIterator::operator());
   py::class_<Store>(
       module, "Store",
       "A data folder; without one that of SIMREC_DATA, else /data/vendor/camera. Iterating gives\n"
@@ -391,6 +419,20 @@ void addStore(py::module_& module) {
           py::arg("name"), "The capture of that name, or of a path with a '/' to any folder.")
       .def("__repr__",
            [](const Store& store) { return "<simrec.Store " + printable(store.data()) + ">"; })
+      .def(
+          "records",
+          [](const Store& store, const std::string& kind, std::optional<int> camera, bool strict) {
+            const Query query = {&kindFor(kind), camera};
+            const py::gil_scoped_release unlocked;
+            const auto takes = [query](const File& file) { return query.takes(*file.parts); };
+            return RecordIterator{
+                std::make_unique<RecordStream>(store.captures(), *query.kind, takes), strict};
+          },
+          py::arg("kind"), py::kw_only(), py::arg("camera") = py::none(), py::arg("strict") = true,
+          "The records of a kind of all captures, one after the other, in the order of the captures\n"
+          "and of the files' names. They are read over all cores, some of them in advance. A\n"
+          "damaged file raises Error, and the next one is the next; with strict=False it gives what\n"
+          "is left of it. A folder that can't be read is a RuntimeWarning.")
       .def("table", &tableOf, py::arg("kind"),
            "All records of a kind as a dict of columns, which pandas.DataFrame takes: a row per\n"
            "record, damaged ones among them (``problem`` tells what is wrong). Columns are\n"

@@ -266,6 +266,15 @@ class Damage(CopyCase):
             self.capture["AE_AECData", 0]
         self.check_as_shown(self.capture, strict=False)
         self.assertEqual(self.capture.record("AE_AECData", ev=0).ev, 0)
+        records, read = self.store.records("AE_AECData"), []
+        for _ in range(len(broken) + 1):
+            try:
+                read.append(next(records).path)
+            except simrec.Error as error:
+                read.append(error.file)
+        self.assertRaises(StopIteration, next, records)
+        self.assertEqual(read, [record.path for record in
+                                self.store.records("AE_AECData", strict=False)])
 
     def test_is_a_row_with_a_problem(self):
         broken = self.break_files()
@@ -300,6 +309,12 @@ class Tables(CopyCase):
         for kind in simrec.kinds():
             table = store.table(kind)
             rows = [(capture, record) for capture in store for record in capture.records(kind)]
+            streamed = list(store.records(kind))
+            self.assertEqual([record.path for record in streamed],
+                             [record.path for _, record in rows])
+            for record, (_, other) in zip(streamed[:3], rows):
+                self.assertEqual(*({n: plain(m) for n, m in vars(r).items()}
+                                   for r in (record, other)))
             self.assertEqual({len(column) for column in table.values()}, {len(rows)}, kind)
             self.assertEqual(table["capture"].tolist(), [capture.name for capture, _ in rows])
             for i, (capture, record) in enumerate(rows):
@@ -333,6 +348,9 @@ class Tables(CopyCase):
         table = self.store.table("AE_AECData")
         self.assertEqual(table["ev"].tolist(), [0, 1, 2, *range(2100)])
         self.assertEqual(len(set(table["LuxIndex"][3:])), 1)
+        self.assertEqual([record.ev for record in self.store.records("AE_AECData", camera=0)],
+                         table["ev"].tolist())
+        self.assertEqual(list(self.store.records("AE_AECData", camera=1)), [])
 
     @unittest.skipIf(os.geteuid() == 0, "root reads every folder")
     def test_tell_folders_that_cannot_be_read(self):
@@ -363,7 +381,7 @@ class Interpreter(CopyCase):
         self.addCleanup(sys.setswitchinterval, sys.getswitchinterval())
         sys.setswitchinterval(1000)
         for read in (lambda: self.capture[KIND, 0], lambda: store.table("qseg"),
-                     lambda: image["qseg"], lambda: list(store), lambda: image.cameras,
+                     lambda: image["qseg"], lambda: list(store.records("qseg")), lambda: list(store), lambda: image.cameras,
                      lambda: "LSC" in image, lambda: self.store["IMG"]):
             ran = False
             for _ in range(2000):
@@ -400,6 +418,7 @@ class Interpreter(CopyCase):
                 self.capture[KIND, 0]
                 self.capture.records("AE_AECData", strict=False)
                 self.store.table("AE_AECData")
+                list(self.store.records(KIND))
                 self.assertRaises(simrec.Error, lambda: self.capture["AE_AECData", 0])
                 self.assertRaises(simrec.NotFound, lambda: self.capture["LSC"])
             gc.collect()
