@@ -8,7 +8,7 @@ cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
 # a quiet command that succeeds when it is there. Purposes: build, bench,
-# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
+# bench-clang, python, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -20,12 +20,13 @@ build|libgtest-dev|GoogleTest|has_header gtest/gtest.h
 build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
 build|libfmt-dev|fmt|has_header fmt/format.h
 build|nlohmann-json3-dev|nlohmann-json|has_header nlohmann/json.hpp
-build|python3-dev|Python 3's headers|test -e /usr/include/python3*/Python.h
+build|python3-dev|Python 3's headers|has_python_headers
 build|pybind11-dev|pybind11|has_header pybind11/detail/class.h
-build|python3-numpy|NumPy|/usr/bin/python3 -c 'import numpy'
+build|python3-numpy|NumPy|has_python_module numpy
 build|libfast-float-dev|fast_float|has_header fast_float/fast_float.h
 bench|python3|python3|command -v python3
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
+python|python3-pytest|pytest|has_python_module pytest
 bench-clang|clang|clang (clang++)|command -v clang++
 bench|python3|Python 3|command -v python3
 aarch64|g++-aarch64-linux-gnu|a cross compiler (aarch64-linux-gnu-g++)|command -v aarch64-linux-gnu-g++
@@ -49,6 +50,14 @@ END
 say() { printf '%s\n' "$*" >&2; }
 
 has_header() { printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | ${CXX:-c++} -E -x c++ -; }
+
+# Of the interpreter that the module is built for, which CMake finds there, too.
+has_python_module() { "$(PATH=/usr/bin:$PATH command -v python3)" -c "import $1"; }
+has_python_headers() {
+  "$(PATH=/usr/bin:$PATH command -v python3)" -c '
+import os, sysconfig
+os.stat(os.path.join(sysconfig.get_path("include"), "Python.h"))'
+}
 
 has_libcxx() { echo 'int main() {}' | clang++ -stdlib=libc++ -o /dev/null -x c++ -; }
 has_libfuzzer() { ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a; }

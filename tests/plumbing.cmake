@@ -30,8 +30,13 @@ endforeach()
 if(NOT CMAKE_TOOLCHAIN_FILE)
   list(APPEND consumer_settings -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER})
 endif()
+set(installed_module "")
+if(TARGET simrec_python)
+  set(installed_module -D PYTHON=${SIMULATION_PYTHON_INTERPRETER}
+      -D PYTHON_FOLDER=${SIMULATION_PYTHON_FOLDER})
+endif()
 add_test(NAME install_consumer
   COMMAND ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR} -D GENERATOR=${CMAKE_GENERATOR}
           -D SOURCE=${CMAKE_CURRENT_LIST_DIR}/consumer -D WORK=${CMAKE_CURRENT_BINARY_DIR}/consumer
           -D README=${PROJECT_SOURCE_DIR}/README.md
-          -D SIMREC=${SIMULATION_SIMREC} "-D SETTINGS=${consumer_settings}" -P ${CMAKE_CURRENT_LIST_DIR}/install_consumer.cmake)
+          -D SIMREC=${SIMULATION_SIMREC} ${installed_module} "-D SETTINGS=${consumer_settings}" -P ${CMAKE_CURRENT_LIST_DIR}/install_consumer.cmake)
