@@ -20,6 +20,7 @@ build|libgtest-dev|GoogleTest|has_header gtest/gtest.h
 build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
 build|libfmt-dev|fmt|has_header fmt/format.h
 build|nlohmann-json3-dev|nlohmann-json|has_header nlohmann/json.hpp
+build|libsqlite3-dev|SQLite|has_header sqlite3.h
 build|libfast-float-dev|fast_float|has_header fast_float/fast_float.h
 bench|python3|python3|command -v python3
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h

@@ -101,8 +101,8 @@ class Tables : public testing::Test {
 
   const TempFolder folder;
   Row row;
-  int plain = 0;                  ///< rows without a problem
-  int plainly = 0;                ///< rows that were read the fast way
+  int sound = 0;  ///< rows of XML without a problem
+  int fast = 0;   ///< rows that cost no document
   std::mt19937_64 generator{11};  // NOLINT: the same in every run
 };
 
