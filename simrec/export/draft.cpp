@@ -20,7 +20,7 @@ constexpr char kNew[] = "new", kOld[] = "old";
 /// The path without the links in it; what is missing must be its last name.
 std::string resolved(const std::string& place) {
   std::error_code error;
-  fs::path path = fs::weakly_canonical(place, error);
+  fs::path path = fs::weakly_canonical(fs::absolute(place), error);
   if (error) throw Error(place + ": " + error.message());
   if (!path.has_filename()) path = path.parent_path();
   if (!path.has_filename()) throw Error(place + ": can't be replaced");
