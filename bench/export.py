@@ -33,13 +33,16 @@ def row(title, measured, must, aim, at_least=False):
 
 
 def one_of_each_kind(simrec, session):
-    """The files of a capture: one record of each of the 26 kinds, by the demo's fullest image."""
-    folder = max((entry.path for entry in os.scandir(session)), key=lambda path: len(os.listdir(path)))
+    """The files of a capture: one record of each of 26 kinds, by the demo's fullest image."""
+    folder = max(glob.glob(os.path.join(session, "IMG_*")), key=lambda path: len(os.listdir(path)))
     show = subprocess.run([simrec, "show", "--json", folder + "/"], stdout=subprocess.PIPE, check=True)
     kinds = {}
     for record in json.loads(show.stdout)["records"]:
         kinds.setdefault(record["record"], os.path.join(folder, record["file"]))
-    return list(kinds.values())
+    if len(kinds) < 26:
+        sys.exit(f"{folder} has {len(kinds)} kinds of record")
+    kinds.pop("ACB_acb", None)  # pixels
+    return list(kinds.values())[:26]
 
 
 def link_captures(data, count, files):
