@@ -94,15 +94,15 @@ class Tables : public testing::Test {
         problem += (problem.empty() ? "" : "; ") + each;
       }
       ASSERT_EQ(row.problem, problem) << kind.name << '\n' << content.substr(0, 2000);
-      if (row.problem.empty() && kind.format == catalogue::Format::kXml) ++sound;
-      if (!row.record.opened) ++fast;
+      if (row.problem.empty() && kind.format == catalogue::Format::kXml) ++soundRows;
+      if (!row.record.opened) ++fastRows;
     }
   }
 
   const TempFolder folder;
   Row row;
-  int sound = 0;  ///< rows of XML without a problem
-  int fast = 0;   ///< rows that cost no document
+  int soundRows = 0;              ///< rows of XML without a problem
+  int fastRows = 0;               ///< rows that cost no document
   std::mt19937_64 generator{11};  // NOLINT: the same in every run
 };
 
@@ -133,7 +133,7 @@ TEST_F(Tables, HoldWhatTheFilesHold) {
       check(kind, dumped(kind, folder, generator));
     }
   }
-  EXPECT_EQ(fast, sound);  // what the library wrote is read the fast way
+  EXPECT_EQ(fastRows, soundRows);  // what the library wrote is read the fast way
 }
 
 TEST_F(Tables, HoldWhatIsLeftOfDamagedFiles) {
