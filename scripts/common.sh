@@ -8,7 +8,7 @@ cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
 # a quiet command that succeeds when it is there. Purposes: build, bench,
-# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
+# bench-clang, duckdb, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -26,6 +26,10 @@ bench|python3|python3|command -v python3
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
 bench-clang|clang|clang (clang++)|command -v clang++
 bench|python3|Python 3|command -v python3
+duckdb|nodejs|Node.js|command -v node
+duckdb|npm|npm|command -v npm
+duckdb|python3|Python 3|command -v python3
+duckdb|python3-pandas|pandas|has_pandas
 aarch64|g++-aarch64-linux-gnu|a cross compiler (aarch64-linux-gnu-g++)|command -v aarch64-linux-gnu-g++
 aarch64|qemu-user|qemu-user (qemu-aarch64)|command -v qemu-aarch64
 aarch64|libtinyxml2-dev:arm64|tinyxml2 for arm64|test -e /usr/lib/aarch64-linux-gnu/libtinyxml2.so
@@ -50,6 +54,8 @@ has_header() { printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | ${CXX:
 
 has_libcxx() { echo 'int main() {}' | clang++ -stdlib=libc++ -o /dev/null -x c++ -; }
 has_libfuzzer() { ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a; }
+
+has_pandas() { python3 -c 'import pandas'; }
 
 has_cmake() {
   local version
