@@ -24,6 +24,9 @@ constexpr std::uint64_t kPartBytes = 32 << 20;
 /// More files than this are not held open.
 constexpr std::size_t kMostOpen = 200;
 
+/// As much of a part is written at once.
+constexpr std::size_t kWriteBytes = 16 << 10;
+
 constexpr char kSchema[] = "_schema.json";
 constexpr std::string_view kPart = "part-";
 
@@ -96,13 +99,19 @@ void PartFiles::add(const Table& table, std::optional<int> camera, const std::st
     part.bytes = 0;
     ++part.number;
   }
-  const bool first = part.bytes == 0;
   if (part.file == nullptr) open(part, name);
-  for (const std::string* text : {&head, &lines}) {
-    if (text == &head && !first) continue;
-    if (!writeAll(*part.file, text->data(), text->size())) fail(folder_ + "/" + name);
-    part.bytes += text->size();
+  if (part.bytes == 0) part.waiting = head;
+  part.bytes += part.bytes == 0 ? head.size() : 0;
+  part.waiting += lines;
+  part.bytes += lines.size();
+  if (part.waiting.size() >= kWriteBytes) flush(part, name);
+}
+
+void PartFiles::flush(Part& part, const std::string& partition) const {
+  if (!writeAll(*part.file, part.waiting.data(), part.waiting.size())) {
+    fail(folder_ + "/" + partition);
   }
+  part.waiting.clear();
 }
 
 void PartFiles::end() {
@@ -126,6 +135,8 @@ void PartFiles::open(Part& part, const std::string& partition) {
 
 void PartFiles::close(Part& part, const std::string& partition) {
   if (part.file == nullptr) return;
+  flush(part, partition);
+  part.waiting.shrink_to_fit();
   const bool whole = part.file->close();
   part.file.reset();
   --open_;

@@ -40,12 +40,14 @@ class PartFiles {
  private:
   struct Part {
     int number = 0;
-    std::uint64_t bytes = 0;
+    std::uint64_t bytes = 0;  ///< with what waits
+    std::string waiting = {};
     std::unique_ptr<simulation::FileDescriptor> file = {};  ///< none: not open
   };
 
   std::string partition(const Table& table, std::optional<int> camera) const;
   void open(Part& part, const std::string& partition);
+  void flush(Part& part, const std::string& partition) const;
   void close(Part& part, const std::string& partition);
 
   std::string folder_, extension_;
