@@ -2,7 +2,8 @@
 """export_rows.py FOLDER OUT: the scalars of all captures in FOLDER as JSON lines in OUT, like
 `simrec export --format jsonl`, by two processes.
 
-As one would write it with Python's own libraries; simrec is measured against it.
+As one would write it with Python's own libraries; simrec is measured against it. A record's lists
+are no columns here, but whether they are sound is: `problem` tells.
 """
 import datetime
 import json
@@ -15,10 +16,35 @@ from show_capture import ARRAYS, LISTS, NAME, WRAPPERS, number
 
 PROCESSES = 2
 
+CHANNELS = ("R", "B", "GRorG", "GB", "Y")
+# The largest numbers in lists of integers.
+LARGEST = {"qsegStatsInfo": 255, "channelGainThreshold": 2**32 - 1,
+           **{channel + "Sum": 2**64 - 1 for channel in CHANNELS},
+           **{channel + "Count": 2**16 - 1 for channel in CHANNELS}}
+# The lengths of lists; others are as long as their record says.
+COUNTS = {"qsegStatsInfo": 307200, "channelGainThreshold": 4, "BETemplateMatrix": 4,
+          "channelDatas": 20, "rGain": 221, "grGain": 221, "gbGain": 221, "bGain": 221}
+
+
+def check(row, name, text, wanted):
+    try:
+        if name in LARGEST:
+            numbers = [int(item) for item in text.split()]
+            sound = not numbers or 0 <= min(numbers) <= max(numbers) <= LARGEST[name]
+        else:
+            numbers = [float(item) for item in text.split()]
+            sound = True
+    except ValueError:
+        sound = False
+    if not sound or len(numbers) != wanted:
+        row["problem"] = f"{name} is damaged"
+
 
 def add_members(row, element, path):
     for name, text in element.attrib.items():
-        if name not in LISTS:
+        if name in LISTS:
+            check(row, name, text, COUNTS[name])
+        else:
             row[path + name] = number(text)
     for child in element:
         name = path + child.tag
@@ -27,7 +53,9 @@ def add_members(row, element, path):
                 add_members(row, item, f"{name}_{index}_")
         elif child.attrib or len(child):
             add_members(row, child, name + "_")
-        elif child.tag not in LISTS:
+        elif child.tag in LISTS:
+            check(row, child.tag, child.text or "", COUNTS.get(child.tag, row.get("numROIs")))
+        else:
             row[name] = number(child.text or "")
 
 

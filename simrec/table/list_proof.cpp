@@ -26,6 +26,15 @@ std::uint64_t numberBefore(const char* end, int digits) {
   return value;
 }
 
+/// The number of ones, of which no two are side by side.
+std::size_t countOf(std::uint64_t ones) {
+  constexpr std::uint64_t kPairs = 0x5555'5555'5555'5555, kFours = 0x3333'3333'3333'3333,
+                          kBytes = 0x0F0F'0F0F'0F0F'0F0F, kSum = 0x0101'0101'0101'0101;
+  ones = (ones | ones >> 1) & kPairs;
+  ones = (ones & kFours) + (ones >> 2 & kFours);
+  return (((ones + (ones >> 4)) & kBytes) * kSum) >> 56;
+}
+
 /// Bits of characters: the last 64 of those before, then 64 more.
 __extension__ using Window = unsigned __int128;
 
@@ -58,8 +67,7 @@ class Proof {
     if (!simulation::findBlanks(at_, blanks)) return false;
     const std::uint64_t digits = ~blanks;
     const Window ones = Window{digits} << kStep | digitsBefore_;
-    numbers_ += static_cast<std::size_t>(
-        __builtin_popcountll(digits & ~static_cast<std::uint64_t>(ones >> (kStep - 1))));
+    numbers_ += countOf(digits & ~static_cast<std::uint64_t>(ones >> (kStep - 1)));
     std::uint64_t longest = endsOfRuns(ones, limit_.digits);
     for (; longest != 0 && isSound_; longest &= longest - 1) {
       check(at_ + __builtin_ctzll(longest) + 1);
