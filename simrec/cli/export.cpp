@@ -14,22 +14,22 @@ struct Options {
   ExportWishes wishes = {};
 };
 
-std::vector<Capture> capturesOf(const Options& options) {
-  const Store store = options.shared.store();
-  if (options.captures.empty()) return store.captures();
-  std::vector<Capture> captures;
-  for (const std::string& name : options.captures) captures.push_back(store.find(name));
-  return captures;
-}
-
-ExportCounts exportWithBar(const Options& options) {
-  std::vector<Capture> captures = capturesOf(options);
+template <typename Captures>
+ExportCounts exportWithBar(Captures captures, const Options& options) {
   Progress progress("Exporting", captures.size(), options.shared.quiet);
   return exportTables(std::move(captures), options.wishes, [&] { progress.step(); });
 }
 
+ExportCounts exportChosen(const Options& options) {
+  const Store store = options.shared.store();
+  if (options.captures.empty()) return exportWithBar(CaptureList(store.data()), options);
+  std::vector<Capture> captures;
+  for (const std::string& name : options.captures) captures.push_back(store.find(name));
+  return exportWithBar(std::move(captures), options);
+}
+
 Status exportTables(const Options& options) {
-  const ExportCounts counts = exportWithBar(options);
+  const ExportCounts counts = exportChosen(options);
   for (const std::string& trouble : counts.troubles) {
     fmt::print(stderr, "simrec: {}\n", printable(trouble));
   }

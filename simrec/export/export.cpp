@@ -36,7 +36,7 @@ void writeAll(Batches& batches, Writer& writer, ExportCounts& counts,
 }
 
 template <typename Writer>
-ExportCounts exportWith(std::vector<Capture> captures, const ExportWishes& wishes,
+ExportCounts exportWith(Batches::Source captures, const ExportWishes& wishes,
                         const std::function<void()>& step) {
   Writer writer(wishes);
   ExportCounts counts;
@@ -55,6 +55,23 @@ ExportCounts exportWith(std::vector<Capture> captures, const ExportWishes& wishe
   writeAll(batches, writer, counts, step);
   writer.finish();
   return counts;
+}
+
+template <typename Captures>
+ExportCounts exportFrom(const Captures& captures, const ExportWishes& wishes,
+                        const std::function<void()>& step) {
+  const Batches::Source source = [&captures, next = std::size_t{0}]() mutable {
+    return next < captures.size() ? std::optional(captures[next++]) : std::nullopt;
+  };
+  switch (wishes.format) {
+    case ExportFormat::kJsonLines:
+      return exportWith<FolderExport<JsonLines>>(source, wishes, step);
+    case ExportFormat::kCsv:
+      return exportWith<FolderExport<CsvLines>>(source, wishes, step);
+    case ExportFormat::kSqlite:
+      break;
+  }
+  return exportWith<DatabaseExport>(source, wishes, step);
 }
 
 }  // namespace
@@ -77,15 +94,13 @@ ExportCounts exportTables(std::vector<Capture> captures, const ExportWishes& wis
             [](const Capture& a, const Capture& b) { return a.name < b.name; });
   const auto same = [](const Capture& a, const Capture& b) { return a.name == b.name; };
   captures.erase(std::unique(captures.begin(), captures.end(), same), captures.end());
-  switch (wishes.format) {
-    case ExportFormat::kJsonLines:
-      return exportWith<FolderExport<JsonLines>>(std::move(captures), wishes, step);
-    case ExportFormat::kCsv:
-      return exportWith<FolderExport<CsvLines>>(std::move(captures), wishes, step);
-    case ExportFormat::kSqlite:
-      break;
-  }
-  return exportWith<DatabaseExport>(std::move(captures), wishes, step);
+  return exportFrom(captures, wishes, step);
+}
+
+ExportCounts exportTables(CaptureList captures, const ExportWishes& wishes,
+                          const std::function<void()>& step) {
+  captures.sortByName();
+  return exportFrom(captures, wishes, step);
 }
 
 }  // namespace simrec

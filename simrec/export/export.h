@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "simrec/store.h"
+#include "simrec/capture_list.h"
 
 namespace simrec {
 
@@ -36,6 +36,10 @@ struct ExportCounts {
 /// for each capture that was read, by one thread at a time. What stood at `out` is replaced once
 /// all is written; it must be an export of this format, or nothing. Throws Error.
 ExportCounts exportTables(std::vector<Capture> captures, const ExportWishes& wishes,
+                          const std::function<void()>& step);
+
+/// The same of all captures of a data folder.
+ExportCounts exportTables(CaptureList captures, const ExportWishes& wishes,
                           const std::function<void()>& step);
 
 }  // namespace simrec

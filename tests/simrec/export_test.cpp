@@ -86,7 +86,7 @@ class Exports : public testing::Test {
       ExportFormat format, bool append = false, bool lists = false,
       const std::function<void()>& step = [] {}) {
     ExportWishes wishes = {format, out(format), lists, append};
-    return exportTables(Store(folder.path() + "/data").captures(), wishes, step);
+    return exportTables(CaptureList(folder.path() + "/data"), wishes, step);
   }
 
   std::string out(ExportFormat format) const { return folder.path() + "/" + nameOf(format); }
@@ -277,13 +277,13 @@ TEST_F(Exports, ReplaceNothingThatIsNoExport) {
     EXPECT_EQ(run(format).rows, 24U);  // nothing there, or an empty folder
     // Neither a database of somebody else's nor an export of another format.
     ExportWishes other = {folders ? ExportFormat::kSqlite : ExportFormat::kCsv, out(format)};
-    EXPECT_THROW(exportTables({}, other, [] {}), Error);
+    EXPECT_THROW(exportTables(std::vector<Capture>{}, other, [] {}), Error);
     if (folders) {
       folder.write(std::string(nameOf(format)) + "/AWB_OTPData/camera=0/notes", "mine");
       EXPECT_THROW(run(format), Error);
       fs::remove(out(format) + "/AWB_OTPData/camera=0/notes");
       other.format = format == ExportFormat::kCsv ? ExportFormat::kJsonLines : ExportFormat::kCsv;
-      EXPECT_THROW(exportTables({}, other, [] {}), Error);
+      EXPECT_THROW(exportTables(std::vector<Capture>{}, other, [] {}), Error);
     }
     EXPECT_EQ(run(format, true).rows, 0U);
     // Nothing is left beside it.
@@ -295,7 +295,9 @@ TEST_F(Exports, ReplaceNothingThatIsNoExport) {
   sqlite3_open((folder.path() + "/foreign").c_str(), &database);
   sqlite3_exec(database, "CREATE TABLE a (b)", nullptr, nullptr, nullptr);
   sqlite3_close(database);
-  EXPECT_THROW(exportTables({}, {ExportFormat::kSqlite, folder.path() + "/foreign"}, [] {}), Error);
+  EXPECT_THROW(exportTables(std::vector<Capture>{},
+                            {ExportFormat::kSqlite, folder.path() + "/foreign"}, [] {}),
+               Error);
 }
 
 TEST_F(Exports, KilledAtAnyMomentAreWholeTheNextTime) {
@@ -350,7 +352,7 @@ TEST_F(Exports, KilledAtAnyMomentAreWholeTheNextTime) {
 TEST_F(Exports, OnAFullDiskLeaveWhatThereWas) {
   // A name that is too long for its folder, as any place where nothing can be made.
   const ExportWishes wishes = {ExportFormat::kCsv, folder.path() + "/missing/out"};
-  EXPECT_THROW(exportTables({}, wishes, [] {}), Error);
+  EXPECT_THROW(exportTables(std::vector<Capture>{}, wishes, [] {}), Error);
   EXPECT_FALSE(fs::exists(folder.path() + "/missing"));
   // What is thrown on the way.
   for (const ExportFormat format : kFormats) {
