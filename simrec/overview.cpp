@@ -71,9 +71,8 @@ Overview overviewOf(const Capture& capture, const std::vector<File>& files) {
     if (!file.isRecord()) continue;
     ++overview.records;
     overview.bytes += file.bytes;
-    // What can't be looked at has no time.
-    const bool seen = file.type != FileType::kDanglingLink && file.type != FileType::kUnreachable;
-    if (seen) overview.newest = std::max(overview.newest.value_or(file.modified), file.modified);
+    if (file.hasTime())
+      overview.newest = std::max(overview.newest.value_or(file.modified), file.modified);
     if (!capture.request && file.parts->camera) overview.cameras.insert(*file.parts->camera);
   }
   const MissingRecords missing = missingRecords(files);

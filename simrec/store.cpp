@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <tuple>
 #include <utility>
 
+#include "simrec/capture_list.h"
 #include "simrec/error.h"
 #include "simrec/folder.h"
 
@@ -13,51 +13,10 @@ namespace simrec {
 namespace {
 
 using catalogue::kRecordPrefix;
-using catalogue::kTmpFolder;
 using catalogue::RequestFolder;
 
 bool startsAsRecord(std::string_view name) {
   return name.substr(0, kRecordPrefix.size()) == kRecordPrefix;
-}
-
-/// The pipeline's scratch folders and hidden ones are no captures.
-bool mayBeImage(std::string_view name) {
-  return name != kTmpFolder && name != "tmp_asd" && name[0] != '.';
-}
-
-/// Whether the entry that was read last is a folder or a link to one.
-bool isFolder(const Folder& folder, const char* name) {
-  if (folder.type() == DT_DIR) return true;
-  if (folder.type() != DT_LNK && folder.type() != DT_UNKNOWN) return false;
-  struct stat status;
-  return folder.status(name, status, true) && S_ISDIR(status.st_mode);
-}
-
-Capture requestCapture(const std::string& data, const RequestFolder& parts) {
-  return {std::to_string(parts.request) + "/" + std::to_string(parts.camera),
-          data + "/" + std::string(kTmpFolder) + "/" + catalogue::makeRequestFolder(parts),
-          CaptureKind::kRequest, parts};
-}
-
-std::vector<Capture> requestsIn(const std::string& data) {
-  std::vector<Capture> captures;
-  const std::string tmp = data + "/" + std::string(kTmpFolder);
-  struct stat status;
-  if (stat(tmp.c_str(), &status) != 0 && errno == ENOENT) return captures;
-  try {
-    Folder folder(tmp);
-    while (const char* name = folder.next()) {
-      const auto parts = catalogue::parseRequestFolder(name);
-      if (parts && isFolder(folder, name)) captures.push_back(requestCapture(data, *parts));
-    }
-  } catch (const Error&) {  // stands for the requests in it, and tells why when it is read
-    return {{std::string(kTmpFolder), tmp, CaptureKind::kRequest}};
-  }
-  std::sort(captures.begin(), captures.end(), [](const Capture& a, const Capture& b) {
-    return std::tie(a.request->request, a.request->camera) <
-           std::tie(b.request->request, b.request->camera);
-  });
-  return captures;
 }
 
 bool exists(const Capture& capture) {
@@ -143,20 +102,10 @@ Store::Store(std::string data) : data_(std::move(data)) {
 }
 
 std::vector<Capture> Store::captures() const {
+  const CaptureList list(data_);
   std::vector<Capture> captures;
-  bool staged = false;
-  Folder folder(data_);
-  while (const char* name = folder.next()) {
-    if (startsAsRecord(name) && !isFolder(folder, name)) {
-      staged = true;
-    } else if (mayBeImage(name) && isFolder(folder, name)) {
-      captures.push_back({name, data_ + "/" + name, CaptureKind::kImage});
-    }
-  }
-  std::sort(captures.begin(), captures.end(),
-            [](const Capture& a, const Capture& b) { return a.name < b.name; });
-  for (Capture& request : requestsIn(data_)) captures.push_back(std::move(request));
-  if (staged) captures.push_back({kStagedName, data_, CaptureKind::kStaged});
+  captures.reserve(list.size());
+  for (std::size_t i = 0; i < list.size(); ++i) captures.push_back(list[i]);
   return captures;
 }
 

@@ -29,6 +29,8 @@ struct File {
   std::int64_t modified = 0;  ///< nanoseconds since 1970
 
   bool isRecord() const { return parts.has_value(); }
+  /// What can't be looked at has no time.
+  bool hasTime() const { return type != FileType::kDanglingLink && type != FileType::kUnreachable; }
 };
 
 enum class CaptureKind {

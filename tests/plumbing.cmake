@@ -22,6 +22,14 @@ if(SIMULATION_SIMREC)
             -P ${CMAKE_CURRENT_LIST_DIR}/simrec/help.cmake)
 endif()
 
+find_package(Python3 COMPONENTS Interpreter)
+if(SIMULATION_SIMREC AND TARGET capture_session AND Python3_FOUND)
+  add_test(NAME simrec_questions
+    COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/simrec/questions.py
+            $<TARGET_FILE:simrec_program> $<TARGET_FILE:capture_session>
+            ${PROJECT_SOURCE_DIR}/doc/simrec.md)
+endif()
+
 # The consumer is built as this build is: same compiler, flags and emulator.
 set(consumer_settings "")
 foreach(setting CMAKE_BUILD_TYPE CMAKE_CXX_FLAGS CMAKE_TOOLCHAIN_FILE)

@@ -23,6 +23,7 @@ constexpr AddCommand kCommands[] = {
     addSet,      //
     addVerify,   //
     addPrune,    //
+    addExport,   //
 };
 
 int fail(const std::string& why) {

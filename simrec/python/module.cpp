@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "simrec/capture_list.h"
 #include "simrec/error.h"
 #include "simrec/folder.h"
 #include "simrec/overview.h"
@@ -192,13 +193,13 @@ struct RecordIterator {
 };
 
 struct CaptureIterator {
-  std::vector<Capture> captures;
+  CaptureList captures;
   std::size_t next = 0;
 
   Capture operator()() {
     while (next < captures.size()) {
-      Capture& capture = captures[next++];
-      if (looksLikeCapture(capture)) return std::move(capture);
+      Capture capture = captures[next++];
+      if (looksLikeCapture(capture)) return capture;
     }
     throw py::stop_iteration();
   }
@@ -208,15 +209,19 @@ py::dict tableOf(const Store& store, const std::string& kind) {
   constexpr std::size_t kPiece = 2000;
   const Table table(kindFor(kind), false);
   Columns columns(table);
-  std::vector<Capture> captures;
+  std::optional<CaptureList> captures;
   const auto unlocked = [](const auto& work) {
     const py::gil_scoped_release released;
     work();
   };
-  unlocked([&] { captures = store.captures(); });
-  for (std::size_t at = 0; at < captures.size(); at += kPiece) {
-    const std::size_t end = std::min(at + kPiece, captures.size());
-    unlocked([&] { columns.append(readColumns({&captures[at], &captures[0] + end}, table)); });
+  unlocked([&] { captures.emplace(store.data()); });
+  for (std::size_t at = 0; at < captures->size(); at += kPiece) {
+    unlocked([&] {
+      std::vector<Capture> some;
+      const std::size_t end = std::min(at + kPiece, captures->size());
+      for (std::size_t i = at; i < end; ++i) some.push_back((*captures)[i]);
+      columns.append(readColumns(some, table));
+    });
     if (PyErr_CheckSignals() != 0) throw py::error_already_set();  // somebody pressed Ctrl-C
   }
   for (const std::string& trouble : columns.troubles) warn(trouble);
@@ -404,7 +409,7 @@ void addStore(py::module_& module) {
           "data", [](const Store& store) { return nameFromDisk(store.data()); }, "its path")
       .def(
           "__iter__",
-          [](const Store& store) { return CaptureIterator{store.captures()}; }, Unlocked())
+          [](const Store& store) { return CaptureIterator{CaptureList(store.data())}; }, Unlocked())
       .def(
           "__getitem__",
           [](const Store& store, const py::object& name) {
@@ -426,7 +431,7 @@ void addStore(py::module_& module) {
             const py::gil_scoped_release unlocked;
             const auto takes = [query](const File& file) { return query.takes(*file.parts); };
             return RecordIterator{
-                std::make_unique<RecordStream>(store.captures(), *query.kind, takes), strict};
+                std::make_unique<RecordStream>(store, *query.kind, takes), strict};
           },
           py::arg("kind"), py::kw_only(), py::arg("camera") = py::none(), py::arg("strict") = true,
           "The records of a kind of all captures, one after the other, in the order of the captures\n"

@@ -18,13 +18,21 @@ constexpr std::uint64_t kLarge = 4 << 20;
 
 }  // namespace
 
-Batches::Batches(std::vector<Capture> captures, Takes takes, Trouble trouble)
+Batches::Batches(Source captures, Takes takes, Trouble trouble)
     : captures_(std::move(captures)), takes_(std::move(takes)), trouble_(std::move(trouble)) {}
+
+Batches::Batches(std::vector<Capture> captures, Takes takes, Trouble trouble)
+    : Batches(
+          [captures = std::move(captures), next = std::size_t{0}]() mutable {
+            return next < captures.size() ? std::optional(std::move(captures[next++]))
+                                          : std::nullopt;
+          },
+          std::move(takes), std::move(trouble)) {}
 
 /// The next capture whose folder can be read; false when there is none.
 bool Batches::open() {
-  while (nextCapture_ < captures_.size()) {
-    capture_ = std::make_shared<const Capture>(std::move(captures_[nextCapture_++]));
+  while (auto capture = captures_()) {
+    capture_ = std::make_shared<const Capture>(std::move(*capture));
     try {
       files_ = filesOf(*capture_);
     } catch (const Error& error) {

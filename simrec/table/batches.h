@@ -27,6 +27,10 @@ class Batches {
   /// Is told of each capture whose folder can't be read, which has no batch then, and why.
   using Trouble = std::function<void(const Capture& capture, const std::string& why)>;
 
+  /// The captures one by one; none: there are no more.
+  using Source = std::function<std::optional<Capture>()>;
+
+  Batches(Source captures, Takes takes, Trouble trouble);
   Batches(std::vector<Capture> captures, Takes takes, Trouble trouble);
 
   /// In the order of the captures; of a capture without such records an empty one.
@@ -35,10 +39,9 @@ class Batches {
  private:
   bool open();
 
-  std::vector<Capture> captures_;
+  Source captures_;
   Takes takes_;
   Trouble trouble_;
-  std::size_t nextCapture_ = 0;
   std::shared_ptr<const Capture> capture_;
   std::vector<File> files_;  ///< of capture_
   std::size_t nextFile_ = 0;

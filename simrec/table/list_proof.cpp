@@ -1,105 +1,131 @@
 #include "simrec/table/list_proof.h"
 
-#include "core/sixteen.h"
+#include "core/listed_numbers.h"
 
 namespace simrec {
 namespace {
 
 using catalogue::Type;
-using simulation::bitsOf;
-using simulation::isDigit;
-using simulation::isEqual;
-using simulation::Lanes;
-using simulation::loadSixteen;
-using simulation::Sixteen;
 
-constexpr std::size_t kStep = 16;
+constexpr int kStep = simulation::kListedStep;
 
-/// A text that is gone through from the left.
-struct Rest {
-  const char* at;
-  const char* end;
-  std::size_t numbers = 0;
-
-  std::size_t size() const { return static_cast<std::size_t>(end - at); }
+/// The longest numbers that may be too large, and the largest one. Shorter ones never are.
+struct Limit {
+  int digits;
+  std::uint64_t most;
 };
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
-/// Numbers of up to `digits` digits, one after the other, up to the end.
-bool takeSlowly(Rest& rest, std::size_t digits, std::uint64_t most) {
-  while (rest.at != rest.end) {
-    if (*rest.at == ' ') {
-      ++rest.at;
-      continue;
-    }
-    std::uint64_t value = 0;
-    const char* const begin = rest.at;
-    for (; rest.at != rest.end && isDigit(*rest.at); ++rest.at) {
-      if (static_cast<std::size_t>(rest.at - begin) == digits) return false;
-      value = value * 10 + static_cast<std::uint64_t>(*rest.at - '0');
-    }
-    if (rest.at == begin || value > most) return false;
-    ++rest.numbers;
+/// The number of a few digits that ends in front of `end`.
+std::uint64_t numberBefore(const char* end, int digits) {
+  std::uint64_t value = 0;
+  for (const char* at = end - digits; at != end; ++at) {
+    value = value * 10 + static_cast<std::uint64_t>(*at - '0');
   }
-  return true;
+  return value;
 }
 
-/// Labels come in hundreds of thousands. Sixteen characters at once: behind each blank a number
-/// may begin, which is told from the four characters there.
-bool proveBytes(std::string_view text, std::size_t wanted) {
-  Rest rest = {text.data(), text.data() + text.size()};
-  Rest first = {rest.at, rest.at};
-  while (first.end != rest.end && *first.end != ' ') ++first.end;
-  if (!takeSlowly(first, 3, 255)) return false;
-  rest.at = first.end;
-  rest.numbers = first.numbers;
-  constexpr std::size_t kAhead = 4;
-  while (rest.size() >= kStep + kAhead) {
-    // As many steps as a lane can count.
-    Lanes counts = {}, odd = {};
-    for (int steps = 0; steps < 255 && rest.size() >= kStep + kAhead; ++steps, rest.at += kStep) {
-      const Sixteen blank = isEqual(loadSixteen(rest.at), ' ');
-      const Sixteen a = loadSixteen(rest.at + 1), b = loadSixteen(rest.at + 2),
-                    c = loadSixteen(rest.at + 3), d = loadSixteen(rest.at + 4);
-      const Lanes begins = blank & isDigit(a);
-      const Lanes beyond =
-          isDigit(d) | reinterpret_cast<Lanes>(a > '2') |
-          (isEqual(a, '2') & (reinterpret_cast<Lanes>(b > '5') |
-                              (isEqual(b, '5') & reinterpret_cast<Lanes>(c > '5'))));
-      odd |= (begins & isDigit(b) & isDigit(c) & beyond) | ~(blank | isDigit(loadSixteen(rest.at)));
-      counts -= begins;
-    }
-    if (simulation::hasBits(odd)) return false;
-    for (std::size_t i = 0; i < kStep; ++i) rest.numbers += counts[i];
-  }
-  // What is left of a number that was looked at.
-  if (rest.at != first.end) {
-    while (rest.at != rest.end && isDigit(*rest.at)) ++rest.at;
-  }
-  return takeSlowly(rest, 3, 255) && rest.numbers == wanted;
+/// The number of ones, of which no two are side by side.
+std::size_t countOf(std::uint64_t ones) {
+  constexpr std::uint64_t kPairs = 0x5555'5555'5555'5555, kFours = 0x3333'3333'3333'3333,
+                          kBytes = 0x0F0F'0F0F'0F0F'0F0F, kSum = 0x0101'0101'0101'0101;
+  ones = (ones | ones >> 1) & kPairs;
+  ones = (ones & kFours) + (ones >> 2 & kFours);
+  return (((ones + (ones >> 4)) & kBytes) * kSum) >> 56;
 }
+
+/// Bits of characters: the last 64 of those before, then 64 more.
+__extension__ using Window = unsigned __int128;
+
+/// The ends of runs of so many ones.
+std::uint64_t endsOfRuns(Window ones, int length) {
+  for (int known = 1; known < length;) {
+    const int more = known < length - known ? known : length - known;
+    ones &= ones << more;
+    known += more;
+  }
+  return static_cast<std::uint64_t>(ones >> kStep);
+}
+
+class Proof {
+ public:
+  Proof(std::string_view text, Limit limit)
+      : begin_(text.data()), at_(begin_), end_(begin_ + text.size()), limit_(limit) {}
+
+  const char* end(std::size_t wanted) {
+    while (end_ - at_ >= kStep && isSound_ && takeStep()) {
+    }
+    takeRest();
+    return isSound_ && numbers_ == wanted ? at_ : nullptr;
+  }
+
+ private:
+  /// False, and nothing taken, where other characters are in the way.
+  bool takeStep() {
+    std::uint64_t blanks = 0;
+    if (!simulation::findBlanks(at_, blanks)) return false;
+    const std::uint64_t digits = ~blanks;
+    const Window ones = Window{digits} << kStep | digitsBefore_;
+    numbers_ += countOf(digits & ~static_cast<std::uint64_t>(ones >> (kStep - 1)));
+    std::uint64_t longest = endsOfRuns(ones, limit_.digits);
+    for (; longest != 0 && isSound_; longest &= longest - 1) {
+      check(at_ + __builtin_ctzll(longest) + 1);
+    }
+    digitsBefore_ = digits;
+    at_ += kStep;
+    return true;
+  }
+
+  /// Of a run that is longer still, too: its first digits, then those from the second on.
+  void check(const char* end) {
+    const char* const begin = end - limit_.digits;
+    const bool longer = begin != begin_ && isDigit(begin[-1]);
+    isSound_ = !longer && limit_.most != 0 && numberBefore(end, limit_.digits) <= limit_.most;
+  }
+
+  void takeRest() {
+    // A number that began before is taken as a whole.
+    if (at_ != begin_ && isDigit(at_[-1])) --numbers_;
+    while (at_ != begin_ && isDigit(at_[-1])) --at_;
+    while (isSound_) {
+      while (at_ != end_ && *at_ == ' ') ++at_;
+      const char* const begin = at_;
+      while (at_ != end_ && isDigit(*at_)) ++at_;
+      if (at_ == begin) return;
+      ++numbers_;
+      if (at_ - begin >= limit_.digits) {
+        isSound_ = at_ - begin == limit_.digits;
+        if (isSound_) check(at_);
+      }
+    }
+  }
+
+  const char* begin_;
+  const char* at_;
+  const char* end_;
+  Limit limit_;
+  std::uint64_t digitsBefore_ = 0;
+  std::size_t numbers_ = 0;
+  bool isSound_ = true;
+};
 
 }  // namespace
 
-bool provesList(std::string_view text, Type type, std::size_t wanted) {
+const char* endOfSoundList(std::string_view text, Type type, std::size_t wanted) {
   switch (type) {
     case Type::kUint8:
-      return proveBytes(text, wanted);
-    case Type::kUint16: {
-      Rest rest = {text.data(), text.data() + text.size()};
-      return takeSlowly(rest, 5, 65535) && rest.numbers == wanted;
-    }
-    case Type::kUint64: {
-      Rest rest = {text.data(), text.data() + text.size()};
-      return takeSlowly(rest, 19, ~std::uint64_t{0}) && rest.numbers == wanted;
-    }
+      return Proof(text, {3, 255}).end(wanted);
+    case Type::kUint16:
+      return Proof(text, {5, 65535}).end(wanted);
+    case Type::kUint64:
+      return Proof(text, {20, 0}).end(wanted);  // more than fits into the check
     case Type::kInt32:
     case Type::kUint32:
     case Type::kFloat:
       break;
   }
-  return false;
+  return nullptr;
 }
 
 }  // namespace simrec

@@ -8,8 +8,9 @@
 
 namespace simrec {
 
-/// True where `text` is for certain `wanted` whole numbers of this type, with blanks between. False
+/// Where the list at the beginning of `text` ends, if it is for certain `wanted` whole numbers of
+/// this type with blanks between: at the first character that no such list has, or at the end. Null
 /// tells nothing: reading the list does.
-bool provesList(std::string_view text, catalogue::Type type, std::size_t wanted);
+const char* endOfSoundList(std::string_view text, catalogue::Type type, std::size_t wanted);
 
 }  // namespace simrec

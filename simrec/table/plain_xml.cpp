@@ -207,17 +207,20 @@ class PlainXml {
   }
 
   bool list(const Member& member, char stop) {
-    const char* end = at_ + simulation::listEnd({at_, static_cast<std::size_t>(end_ - at_)}, 0);
-    if (end == end_) return false;
-    if (*end != stop) {  // exponents, nan
-      end = static_cast<const char*>(std::memchr(end, stop, static_cast<std::size_t>(end_ - end)));
-      if (end == nullptr) return false;
-    }
-    const std::string_view text(at_, static_cast<std::size_t>(end - at_));
-    at_ = end;
     const std::size_t wanted =
         regions_ && member.carrier == Carrier::kElement ? *regions_ : member.count;
-    if (!row_.table->lists && provesList(text, member.type, wanted)) return true;
+    const std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
+    if (!row_.table->lists) {
+      if (const char* const end = endOfSoundList(rest, member.type, wanted)) {
+        at_ = end;  // else, what follows is found to be wrong
+        return true;
+      }
+    }
+    std::size_t size = simulation::listEnd(rest, 0);
+    size = rest.find(stop, size);  // behind exponents, nan
+    if (size == rest.npos) return false;
+    const std::string_view text = rest.substr(0, size);
+    at_ += size;
     std::string problem;
     NumberList numbers = parseList(text, member.type, member.count, problem);
     if (!problem.empty() || numbers.size() != wanted) return false;

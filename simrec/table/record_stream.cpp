@@ -18,7 +18,7 @@ constexpr std::uint64_t kLarge = 4 << 20;
 /// The files of the next capture; false when there is none.
 bool RecordStream::findFiles() {
   if (nextCapture_ == captures_.size()) return false;
-  const auto capture = std::make_shared<const Capture>(std::move(captures_[nextCapture_++]));
+  const auto capture = std::make_shared<const Capture>(captures_[nextCapture_++]);
   try {
     for (File& file : filesOf(*capture, *kind_)) {
       if (takes_(file)) found_.push_back({capture, std::move(file), {}});

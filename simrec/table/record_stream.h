@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "simrec/capture_list.h"
 #include "simrec/table/quick_record.h"
 
 namespace simrec {
@@ -23,8 +24,9 @@ class RecordStream {
   };
   using Takes = std::function<bool(const File& file)>;
 
-  RecordStream(std::vector<Capture> captures, const catalogue::Kind& kind, Takes takes)
-      : captures_(std::move(captures)), kind_(&kind), takes_(std::move(takes)) {}
+  /// Throws Error where the data folder can't be read.
+  RecordStream(const Store& store, const catalogue::Kind& kind, Takes takes)
+      : captures_(store.data()), kind_(&kind), takes_(std::move(takes)) {}
 
   /// In the order of the captures and of the files' names.
   std::optional<Item> next();
@@ -36,7 +38,7 @@ class RecordStream {
   bool findFiles();
   void readSome();
 
-  std::vector<Capture> captures_;
+  CaptureList captures_;
   const catalogue::Kind* kind_;
   Takes takes_;
   std::vector<std::string> troubles_;

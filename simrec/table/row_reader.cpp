@@ -34,9 +34,7 @@ void fillLeads(const Capture& capture, const File& file, Row& row) {
   row.cells[kText] = parts.text ? Cell::ofText(*parts.text) : Cell{};
   row.cells[kIndex] = cellOf(parts.index);
   row.cells[kFile] = Cell::ofText(file.name);
-  // What can't be looked at has no time.
-  const bool seen = file.type != FileType::kDanglingLink && file.type != FileType::kUnreachable;
-  row.cells[kModified] = seen ? Cell::ofTime(file.modified) : Cell{};
+  row.cells[kModified] = file.hasTime() ? Cell::ofTime(file.modified) : Cell{};
   row.cells[kProblem] = {};
 }
 
