@@ -24,8 +24,7 @@ PyObject* newType(py::module_& module, const char* name, const char* doc, const 
   members["file"] = py::none();
   members["problems"] = py::tuple();
   const std::string path = std::string("simrec.") + name;
-  PyObject* const type =
-      PyErr_NewExceptionWithDoc(path.c_str(), doc, bases.ptr(), members.ptr());
+  PyObject* const type = PyErr_NewExceptionWithDoc(path.c_str(), doc, bases.ptr(), members.ptr());
   if (type == nullptr) throw py::error_already_set();
   module.add_object(name, type);
   return type;
@@ -60,7 +59,8 @@ void translate(std::exception_ptr thrown) {  // NOLINT: pybind11 calls it so
 }  // namespace
 
 void addErrors(py::module_& module) {
-  errorType = newType(module, "Error", kErrorDoc, py::reinterpret_borrow<py::object>(PyExc_Exception));
+  errorType =
+      newType(module, "Error", kErrorDoc, py::reinterpret_borrow<py::object>(PyExc_Exception));
   const py::tuple bases = py::make_tuple(py::handle(errorType), py::handle(PyExc_LookupError));
   notFoundType = newType(module, "NotFound", kNotFoundDoc, bases);
   py::register_exception_translator(translate);

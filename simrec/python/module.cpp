@@ -84,7 +84,8 @@ bool looksLikeCapture(const Capture& capture) {
 
 std::vector<File> filesFor(const Capture& capture, const Query& query) {
   const py::gil_scoped_release unlocked;
-  std::vector<File> files = query.kind != nullptr ? filesOf(capture, *query.kind) : filesOf(capture);
+  std::vector<File> files =
+      query.kind != nullptr ? filesOf(capture, *query.kind) : filesOf(capture);
   const auto left = [&](const File& file) { return !file.isRecord() || !query.takes(*file.parts); };
   files.erase(std::remove_if(files.begin(), files.end(), left), files.end());
   return files;
@@ -112,9 +113,9 @@ py::object recordOf(const Capture& capture, const File& file, Record record, boo
     throw FileError(path + words, path, std::move(record.problems));
   }
   const bool binary = file.parts->kind->format == catalogue::Format::kBinary;
-  py::object object = py::cast(RecordHead{*file.parts, capture.name, file.name, path,
-                                          record.file.bytes, file.modified,
-                                          std::move(record.problems), std::move(record.bytes)});
+  py::object object =
+      py::cast(RecordHead{*file.parts, capture.name, file.name, path, record.file.bytes,
+                          file.modified, std::move(record.problems), std::move(record.bytes)});
   py::dict members = membersOf(record.values);
   if (binary && record.opened) members["size"] = record.file.bytes;
   object.attr("__dict__").attr("update")(members);
@@ -282,8 +283,7 @@ void addRecord(py::module_& module) {
           "modified", [](const RecordHead& record) { return timeOf(record.modified); },
           "the time of the file's last change, UTC, as numpy.datetime64")
       .def_property_readonly(
-          "problems",
-          [](const RecordHead& record) { return py::tuple(py::cast(record.problems)); },
+          "problems", [](const RecordHead& record) { return py::tuple(py::cast(record.problems)); },
           "what is wrong with the file, in words")
       .def_property_readonly(
           "data", [](const RecordHead& record) { return py::bytes(record.content); },
@@ -297,8 +297,10 @@ void addCapture(py::module_& module) {
   };
   py::class_<Capture>(
       module, "Capture",
-      "The records of one folder. ``capture[\"AE_AECData\", 0]`` reads those of a kind and camera,\n"
-      "``capture[\"LSC\"]`` those of a kind: one Record, or a list in the order of the files' names\n"
+      "The records of one folder. ``capture[\"AE_AECData\", 0]`` reads those of a kind and "
+      "camera,\n"
+      "``capture[\"LSC\"]`` those of a kind: one Record, or a list in the order of the files' "
+      "names\n"
       "where several match. ``(\"AE_AECData\", 0) in capture`` tells whether there is one. A kind\n"
       "may be given in any form that fits one alone. Nothing is kept: each call sees the folder\n"
       "as it is. What is wrong with a file is raised as Error.")
@@ -325,7 +327,8 @@ void addCapture(py::module_& module) {
           py::arg("ev") = py::none(), py::arg("text") = py::none(), py::arg("index") = py::none(),
           py::arg("strict") = true,
           "The one record that fits. Error when several do, NotFound when none does. With\n"
-          "strict=False a damaged file gives what is left of it, and its ``problems`` tell the rest.")
+          "strict=False a damaged file gives what is left of it, and its ``problems`` tell the "
+          "rest.")
       .def(
           "records",
           [](const Capture& capture, const std::optional<std::string>& kind,
@@ -334,12 +337,12 @@ void addCapture(py::module_& module) {
           },
           py::arg("kind") = py::none(), py::kw_only(), py::arg("camera") = py::none(),
           py::arg("strict") = true,
-          "The records of a kind (all when none is given) and camera, and those that have none, in\n"
+          "The records of a kind (all when none is given) and camera, and those that have none, "
+          "in\n"
           "the order of the files' names.")
-      .def("__repr__",
-           [](const Capture& capture) {
-             return "<simrec.Capture " + printable(capture.path) + ">";
-           })
+      .def(
+          "__repr__",
+          [](const Capture& capture) { return "<simrec.Capture " + printable(capture.path) + ">"; })
       .def_property_readonly(
           "name", [](const Capture& capture) { return nameFromDisk(capture.name); },
           "the name: 'IMG_000072', '57/0', 'staged'")
@@ -408,8 +411,8 @@ void addStore(py::module_& module) {
       .def_property_readonly(
           "data", [](const Store& store) { return nameFromDisk(store.data()); }, "its path")
       .def(
-          "__iter__",
-          [](const Store& store) { return CaptureIterator{CaptureList(store.data())}; }, Unlocked())
+          "__iter__", [](const Store& store) { return CaptureIterator{CaptureList(store.data())}; },
+          Unlocked())
       .def(
           "__getitem__",
           [](const Store& store, const py::object& name) {
@@ -430,22 +433,26 @@ void addStore(py::module_& module) {
             const Query query = {&kindFor(kind), camera};
             const py::gil_scoped_release unlocked;
             const auto takes = [query](const File& file) { return query.takes(*file.parts); };
-            return RecordIterator{
-                std::make_unique<RecordStream>(store, *query.kind, takes), strict};
+            return RecordIterator{std::make_unique<RecordStream>(store, *query.kind, takes),
+                                  strict};
           },
           py::arg("kind"), py::kw_only(), py::arg("camera") = py::none(), py::arg("strict") = true,
-          "The records of a kind of all captures, one after the other, in the order of the captures\n"
+          "The records of a kind of all captures, one after the other, in the order of the "
+          "captures\n"
           "and of the files' names. They are read over all cores, some of them in advance. A\n"
-          "damaged file raises Error, and the next one is the next; with strict=False it gives what\n"
+          "damaged file raises Error, and the next one is the next; with strict=False it gives "
+          "what\n"
           "is left of it. A folder that can't be read is a RuntimeWarning.")
-      .def("table", &tableOf, py::arg("kind"),
-           "All records of a kind as a dict of columns, which pandas.DataFrame takes: a row per\n"
-           "record, damaged ones among them (``problem`` tells what is wrong). Columns are\n"
-           "``capture``, ``request``, ``camera``, ``ev``, ``text``, ``index``, ``file``,\n"
-           "``modified``, ``problem`` and the members (``ExposureIndexLong_Gain``), lists left out.\n"
-           "Texts and None are object arrays, times datetime64[ns] in UTC, floats float64 with nan\n"
-           "for what is missing, integers int64 or uint64, masked arrays where some are missing.\n"
-           "Files are read over all cores. A folder that can't be read is a RuntimeWarning.");
+      .def(
+          "table", &tableOf, py::arg("kind"),
+          "All records of a kind as a dict of columns, which pandas.DataFrame takes: a row per\n"
+          "record, damaged ones among them (``problem`` tells what is wrong). Columns are\n"
+          "``capture``, ``request``, ``camera``, ``ev``, ``text``, ``index``, ``file``,\n"
+          "``modified``, ``problem`` and the members (``ExposureIndexLong_Gain``), lists left "
+          "out.\n"
+          "Texts and None are object arrays, times datetime64[ns] in UTC, floats float64 with nan\n"
+          "for what is missing, integers int64 or uint64, masked arrays where some are missing.\n"
+          "Files are read over all cores. A folder that can't be read is a RuntimeWarning.");
 }
 
 std::vector<std::string> kindNames() {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "simrec/table/table.h"
 #include "simrec/store.h"
+#include "simrec/table/table.h"
 
 namespace simrec {
 
@@ -21,7 +21,7 @@ struct Columns {
   explicit Columns(const Table& itsTable) : table(&itsTable), cells(itsTable.columns.size()) {}
 
   const Table* table;
-  std::vector<ColumnCells> cells;  ///< as the table's columns
+  std::vector<ColumnCells> cells;     ///< as the table's columns
   std::vector<std::string> troubles;  ///< folders that can't be read, and why
 
   void append(Columns&& others);
