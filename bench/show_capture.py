@@ -112,4 +112,5 @@ def main():
               separators=(",", ":"))
 
 
-main()
+if __name__ == "__main__":
+    main()

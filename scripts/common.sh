@@ -8,7 +8,7 @@ cd "$root" || exit 2
 
 # The one list of what is needed: purpose | Debian package | name elsewhere |
 # a quiet command that succeeds when it is there. Purposes: build, bench,
-# bench-clang, aarch64, fuzz, format, tidy, libcxx, android, blueprint, browser.
+# bench-clang, python, duckdb, browser, aarch64, fuzz, format, tidy, libcxx, android, blueprint.
 needs() {
   cat <<'END'
 build|g++|a C++17 compiler (g++)|has_header vector
@@ -20,13 +20,22 @@ build|libgtest-dev|GoogleTest|has_header gtest/gtest.h
 build|libcli11-dev|CLI11|has_header CLI/CLI.hpp
 build|libfmt-dev|fmt|has_header fmt/format.h
 build|nlohmann-json3-dev|nlohmann-json|has_header nlohmann/json.hpp
+build|libsqlite3-dev|SQLite|has_header sqlite3.h
+build|python3-dev|Python 3's headers|has_python_headers
+build|pybind11-dev|pybind11|has_header pybind11/detail/class.h
+build|python3-numpy|NumPy|has_python_module numpy
 build|libfast-float-dev|fast_float|has_header fast_float/fast_float.h
 build|libpng-dev|libpng|has_header png.h
 build|libkainjow-mustache-dev|kainjow mustache|has_header kainjow/mustache.hpp
 build|libjs-dygraphs|dygraphs|test -e /usr/share/javascript/dygraphs/dygraph.min.js
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
+python|python3-pytest|pytest|has_python_module pytest
 bench-clang|clang|clang (clang++)|command -v clang++
 bench|python3|Python 3|command -v python3
+duckdb|nodejs|Node.js|command -v node
+duckdb|npm|npm|command -v npm
+duckdb|python3|Python 3|command -v python3
+duckdb|python3-pandas|pandas|has_pandas
 aarch64|g++-aarch64-linux-gnu|a cross compiler (aarch64-linux-gnu-g++)|command -v aarch64-linux-gnu-g++
 aarch64|qemu-user|qemu-user (qemu-aarch64)|command -v qemu-aarch64
 aarch64|libtinyxml2-dev:arm64|tinyxml2 for arm64|test -e /usr/lib/aarch64-linux-gnu/libtinyxml2.so
@@ -52,8 +61,18 @@ say() { printf '%s\n' "$*" >&2; }
 
 has_header() { printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | ${CXX:-c++} -E -x c++ -; }
 
+# Of the interpreter that the module is built for, which CMake finds there, too.
+has_python_module() { "$(PATH=/usr/bin:$PATH command -v python3)" -c "import $1"; }
+has_python_headers() {
+  "$(PATH=/usr/bin:$PATH command -v python3)" -c '
+import os, sysconfig
+os.stat(os.path.join(sysconfig.get_path("include"), "Python.h"))'
+}
+
 has_libcxx() { echo 'int main() {}' | clang++ -stdlib=libc++ -o /dev/null -x c++ -; }
 has_libfuzzer() { ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a; }
+
+has_pandas() { python3 -c 'import pandas'; }
 
 has_cmake() {
   local version

@@ -39,6 +39,9 @@ void appendValues(std::string& out, const Record& record, bool lists);
 void writeValues(const std::function<void(std::string_view piece)>& write, const Record& record,
                  bool lists);
 
+/// The numbers of a list as a JSON array: floats as the file has them.
+void appendNumbers(std::string& out, const NumberList& list);
+
 /// Adds the variable parts that the record's kind has: "camera", "ev", "text" (a name), "index".
 void setParts(Json& object, const catalogue::FileName& parts);
 

@@ -9,6 +9,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "core/listed_numbers.h"
 #include "core/number_text.h"
 #include "simrec/text.h"
 
@@ -108,10 +109,15 @@ bool takeNumber(const char*& cursor, const char* end, Integer& value) {
 template <typename Item>
 NumberList takeAll(std::string_view text, std::size_t most, std::string& problem) {
   std::vector<Item> values;
+  values.reserve(std::min(most, text.size() / 2 + 1));  // a digit and a blank each
   const char* cursor = text.data();
   const char* end = cursor + text.size();
   while (end != cursor && isBlank(end[-1])) --end;
   while (cursor != end) {
+    if constexpr (std::is_integral_v<Item>) {
+      simulation::takeListedNumbers<Item>(cursor, end, most - values.size(),
+                                          [&](Item value) { values.push_back(value); });
+    }
     if (values.size() == most) {
       problem = "what follows number " + std::to_string(most) + " was not looked at";
       break;
@@ -176,6 +182,27 @@ NumberList parseList(std::string_view text, Type type, std::size_t most, std::st
       break;
   }
   return takeAll<float>(text, most, problem);
+}
+
+std::vector<double> decimalsOf(const NumberList& list) {
+  std::vector<double> decimals;
+  decimals.reserve(list.size());
+  if (list.text.empty()) {
+    for (const float value : std::get<std::vector<float>>(list.values)) {
+      decimals.push_back(shortestDecimal(value));
+    }
+    return decimals;
+  }
+  const char* at = list.text.data();
+  const char* const end = at + list.text.size();
+  while (decimals.size() < list.size()) {
+    at = std::find_if_not(at, end, isBlank);
+    const char* const stop = std::find_if(at, end, isBlank);
+    const auto number = parseFloat({at, static_cast<std::size_t>(stop - at)});
+    decimals.push_back(std::get<Number>(number).decimal);
+    at = stop;
+  }
+  return decimals;
 }
 
 Number numberInBytes(const char* bytes, Type type) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "simrec/value.h"
 
@@ -18,6 +19,10 @@ std::variant<Number, std::string> parseNumber(std::string_view text, catalogue::
 /// of them at most; what is wrong goes to `problem`.
 NumberList parseList(std::string_view text, catalogue::Type type, std::size_t most,
                      std::string& problem);
+
+/// The numbers of a list of floats as the decimals that its text has; without one, as
+/// shortestDecimal() has them.
+std::vector<double> decimalsOf(const NumberList& list);
 
 /// The number at the beginning of `bytes`, which are a binary file's.
 Number numberInBytes(const char* bytes, catalogue::Type type);

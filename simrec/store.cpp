@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <tuple>
 #include <utility>
 
+#include "simrec/capture_list.h"
 #include "simrec/error.h"
 #include "simrec/folder.h"
 
@@ -18,46 +18,6 @@ using catalogue::RequestFolder;
 
 bool startsAsRecord(std::string_view name) {
   return name.substr(0, kRecordPrefix.size()) == kRecordPrefix;
-}
-
-/// The pipeline's scratch folders and hidden ones are no captures.
-bool mayBeImage(std::string_view name) {
-  return name != kTmpFolder && name != "tmp_asd" && name[0] != '.';
-}
-
-/// Whether the entry that was read last is a folder or a link to one.
-bool isFolder(const Folder& folder, const char* name) {
-  if (folder.type() == DT_DIR) return true;
-  if (folder.type() != DT_LNK && folder.type() != DT_UNKNOWN) return false;
-  struct stat status;
-  return folder.status(name, status, true) && S_ISDIR(status.st_mode);
-}
-
-Capture requestCapture(const std::string& data, const RequestFolder& parts) {
-  return {std::to_string(parts.request) + "/" + std::to_string(parts.camera),
-          data + "/" + std::string(kTmpFolder) + "/" + catalogue::makeRequestFolder(parts),
-          CaptureKind::kRequest, parts};
-}
-
-std::vector<Capture> requestsIn(const std::string& data) {
-  std::vector<Capture> captures;
-  const std::string tmp = data + "/" + std::string(kTmpFolder);
-  struct stat status;
-  if (stat(tmp.c_str(), &status) != 0 && errno == ENOENT) return captures;
-  try {
-    Folder folder(tmp);
-    while (const char* name = folder.next()) {
-      const auto parts = catalogue::parseRequestFolder(name);
-      if (parts && isFolder(folder, name)) captures.push_back(requestCapture(data, *parts));
-    }
-  } catch (const Error&) {  // stands for the requests in it, and tells why when it is read
-    return {{std::string(kTmpFolder), tmp, CaptureKind::kRequest}};
-  }
-  std::sort(captures.begin(), captures.end(), [](const Capture& a, const Capture& b) {
-    return std::tie(a.request->request, a.request->camera) <
-           std::tie(b.request->request, b.request->camera);
-  });
-  return captures;
 }
 
 /// The errno that tells why it is no folder; 0: it is one.
@@ -94,6 +54,36 @@ bool look(const Folder& folder, File& file) {
   return true;
 }
 
+/// What every name of the kind begins with.
+std::string beginningOf(const catalogue::Kind& kind) {
+  const std::string_view pattern = kind.pattern;
+  return std::string(kRecordPrefix) + std::string(pattern.substr(0, pattern.find('{')));
+}
+
+/// Of `only` records of that kind; null: everything.
+std::vector<File> readFolder(const Capture& capture, const catalogue::Kind* only) {
+  const bool staged = capture.kind == CaptureKind::kStaged;
+  const std::string beginning = only != nullptr ? beginningOf(*only) : "";
+  std::vector<File> files;
+  Folder folder(capture.path);
+  while (const char* const name = folder.next()) {
+    if (std::strncmp(name, beginning.c_str(), beginning.size()) != 0) continue;
+    if (staged ? !startsAsRecord(name) : std::string_view(name) == kProvenanceFile) continue;
+    File& file = files.emplace_back();
+    file.name = name;
+    file.parts = catalogue::parseFileName(name);
+    const bool wanted = only == nullptr || (file.parts && file.parts->kind == only);
+    const bool there = wanted && look(folder, file);
+    if (!there || (staged && file.type == FileType::kFolder)) files.pop_back();
+  }
+  return files;
+}
+
+void sortByName(std::vector<File>& files) {
+  std::sort(files.begin(), files.end(),
+            [](const File& a, const File& b) { return a.name < b.name; });
+}
+
 }  // namespace
 
 const char* nameOf(CaptureKind kind) {
@@ -115,20 +105,10 @@ Store::Store(std::string data) : data_(std::move(data)) {
 }
 
 std::vector<Capture> Store::captures() const {
+  const CaptureList list(data_);
   std::vector<Capture> captures;
-  bool staged = false;
-  Folder folder(data_);
-  while (const char* name = folder.next()) {
-    if (startsAsRecord(name) && !isFolder(folder, name)) {
-      staged = true;
-    } else if (mayBeImage(name) && isFolder(folder, name)) {
-      captures.push_back({name, data_ + "/" + name, CaptureKind::kImage});
-    }
-  }
-  std::sort(captures.begin(), captures.end(),
-            [](const Capture& a, const Capture& b) { return a.name < b.name; });
-  for (Capture& request : requestsIn(data_)) captures.push_back(std::move(request));
-  if (staged) captures.push_back({kStagedName, data_, CaptureKind::kStaged});
+  captures.reserve(list.size());
+  for (std::size_t i = 0; i < list.size(); ++i) captures.push_back(list[i]);
   return captures;
 }
 
@@ -142,8 +122,11 @@ Capture Store::find(const std::string& name) const {
     capture = {name, name, CaptureKind::kFolder};
   }
   if (name == kTmpFolder) {  // stands for the requests in it where these can't be listed
-    const std::vector<Capture> requests = requestsIn(data_);
-    if (!requests.empty() && !requests.front().request) return requests.front();
+    const CaptureList list(data_);
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      const Capture other = list[i];
+      if (other.kind == CaptureKind::kRequest && !other.request) return other;
+    }
   }
   const bool named = capture.kind != CaptureKind::kImage || (!name.empty() && mayBeImage(name));
   const int why = named ? whyNoFolder(capture.path) : ENOENT;
@@ -156,25 +139,17 @@ Capture Store::find(const std::string& name) const {
   throw Error("no capture is called '" + name + "' in " + data_);
 }
 
-std::vector<File> unsortedFilesOf(const Capture& capture) {
-  std::vector<File> files;
-  Folder folder(capture.path);
-  while (const char* name = folder.next()) {
-    const bool staged = capture.kind == CaptureKind::kStaged;
-    if (staged ? !startsAsRecord(name) : std::string_view(name) == kProvenanceFile) continue;
-    File& file = files.emplace_back();
-    file.name = name;
-    file.parts = catalogue::parseFileName(name);
-    const bool there = look(folder, file);
-    if (!there || (staged && file.type == FileType::kFolder)) files.pop_back();
-  }
+std::vector<File> unsortedFilesOf(const Capture& capture) { return readFolder(capture, nullptr); }
+
+std::vector<File> filesOf(const Capture& capture) {
+  std::vector<File> files = readFolder(capture, nullptr);
+  sortByName(files);
   return files;
 }
 
-std::vector<File> filesOf(const Capture& capture) {
-  std::vector<File> files = unsortedFilesOf(capture);
-  std::sort(files.begin(), files.end(),
-            [](const File& a, const File& b) { return a.name < b.name; });
+std::vector<File> filesOf(const Capture& capture, const catalogue::Kind& kind) {
+  std::vector<File> files = readFolder(capture, &kind);
+  sortByName(files);
   return files;
 }
 

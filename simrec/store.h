@@ -77,7 +77,10 @@ class Store {
 /// names that begin as records do. Throws Error where the folder can't be read.
 std::vector<File> filesOf(const Capture& capture);
 
-/// The same, without any order.
+/// The records of one kind alone; nothing is asked about the other files.
+std::vector<File> filesOf(const Capture& capture, const catalogue::Kind& kind);
+
+/// The same as the first, without any order.
 std::vector<File> unsortedFilesOf(const Capture& capture);
 
 }  // namespace simrec

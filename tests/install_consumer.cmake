@@ -22,6 +22,10 @@ if(SIMREC)
     endif()
   endforeach()
 endif()
+if(PYTHON)
+  run(${CMAKE_COMMAND} -E env PYTHONPATH=${WORK}/prefix/${PYTHON_FOLDER} ${PYTHON} -c
+      "import simrec, os; assert simrec.__file__.startswith(os.environ['PYTHONPATH']), simrec")
+endif()
 run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE} -B ${WORK}/build -D simulation_ROOT=${WORK}/prefix
     -D EXAMPLE=${WORK}/example.cpp ${SETTINGS})
 run(${CMAKE_COMMAND} --build ${WORK}/build)

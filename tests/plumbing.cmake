@@ -28,6 +28,14 @@ if(SIMULATION_SIMREC AND TARGET capture_session)
             $<TARGET_FILE:simrec_program> ${CMAKE_CROSSCOMPILING_EMULATOR})
 endif()
 
+find_package(Python3 COMPONENTS Interpreter)
+if(SIMULATION_SIMREC AND TARGET capture_session AND Python3_FOUND)
+  add_test(NAME simrec_questions
+    COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/simrec/questions.py
+            $<TARGET_FILE:simrec_program> $<TARGET_FILE:capture_session>
+            ${PROJECT_SOURCE_DIR}/doc/simrec.md)
+endif()
+
 # The consumer is built as this build is: same compiler, flags and emulator.
 set(consumer_settings "")
 foreach(setting CMAKE_BUILD_TYPE CMAKE_CXX_FLAGS CMAKE_TOOLCHAIN_FILE)
@@ -36,8 +44,13 @@ endforeach()
 if(NOT CMAKE_TOOLCHAIN_FILE)
   list(APPEND consumer_settings -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER})
 endif()
+set(installed_module "")
+if(TARGET simrec_python)
+  set(installed_module -D PYTHON=${SIMULATION_PYTHON_INTERPRETER}
+      -D PYTHON_FOLDER=${SIMULATION_PYTHON_FOLDER})
+endif()
 add_test(NAME install_consumer
   COMMAND ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR} -D GENERATOR=${CMAKE_GENERATOR}
           -D SOURCE=${CMAKE_CURRENT_LIST_DIR}/consumer -D WORK=${CMAKE_CURRENT_BINARY_DIR}/consumer
           -D README=${PROJECT_SOURCE_DIR}/README.md
-          -D SIMREC=${SIMULATION_SIMREC} "-D SETTINGS=${consumer_settings}" -P ${CMAKE_CURRENT_LIST_DIR}/install_consumer.cmake)
+          -D SIMREC=${SIMULATION_SIMREC} ${installed_module} "-D SETTINGS=${consumer_settings}" -P ${CMAKE_CURRENT_LIST_DIR}/install_consumer.cmake)

@@ -38,6 +38,7 @@ using AddCommand = void (*)(CLI::App& app, const Shared& shared, Run& run);
 
 void addDiff(CLI::App& app, const Shared& shared, Run& run);
 void addDoctor(CLI::App& app, const Shared& shared, Run& run);
+void addExport(CLI::App& app, const Shared& shared, Run& run);
 void addList(CLI::App& app, const Shared& shared, Run& run);
 void addReport(CLI::App& app, const Shared& shared, Run& run);
 void addSet(CLI::App& app, const Shared& shared, Run& run);

@@ -27,6 +27,7 @@ constexpr AddCommand kCommands[] = {
     addVerify,   //
     addPrune,    //
     addReport,   //
+    addExport,   //
 };
 
 int fail(const std::string& why) {

@@ -1,0 +1,123 @@
+#include "simrec/export/database_schema.h"
+
+#include <fmt/format.h>
+
+namespace simrec {
+namespace {
+
+/// A column without a type keeps what it gets: an integer beyond 2^63-1, which is text here, would
+/// become a rounded float in others.
+const char* sqlType(const Column& column) {
+  if (column.list) return "TEXT";
+  switch (column.type) {
+    case ColumnType::kInt64:
+      return "INTEGER";
+    case ColumnType::kUint64:
+      return "";
+    case ColumnType::kDouble:
+      return "REAL";
+    case ColumnType::kText:
+    case ColumnType::kTime:
+      break;
+  }
+  return "TEXT";
+}
+
+std::string sqlForTable(const Table& table) {
+  std::string columns;
+  for (const Column& column : table.columns) {
+    columns += fmt::format("{}{} {}", columns.empty() ? "" : ", ", quotedName(column.name),
+                           sqlType(column));
+  }
+  return fmt::format("CREATE TABLE {} ({});\n", table.kind->name, columns);
+}
+
+/// What every table begins with, under the kind's name.
+std::string sqlForRecords(const std::vector<Table>& tables) {
+  std::string selects;
+  for (const Table& table : tables) {
+    selects += fmt::format(
+        "{}SELECT '{}' AS kind, capture, request, camera, ev, text, \"index\", file, modified, "
+        "problem FROM {}",
+        selects.empty() ? "" : " UNION ALL ", table.kind->name, table.kind->name);
+  }
+  return fmt::format("CREATE VIEW records AS {};\n", selects);
+}
+
+constexpr char kViews[] = R"(
+CREATE VIEW captures AS
+  SELECT capture, max(request) AS request, count(*) AS records, count(DISTINCT kind) AS kinds,
+    count(DISTINCT camera) AS cameras, count(problem) AS problems, max(modified) AS modified
+  FROM records GROUP BY capture;
+CREATE VIEW exposure AS
+  SELECT a.capture, a.request, a.camera, a.ev, a.LuxIndex, a.DigitalGain,
+    a.ExposureIndexShort_ExposureTime, a.ExposureIndexShort_Gain, a.ExposureIndexShort_Sensitivity,
+    a.ExposureIndexLong_ExposureTime, a.ExposureIndexLong_Gain, a.ExposureIndexLong_Sensitivity,
+    a.ExposureIndexSafe_ExposureTime, a.ExposureIndexSafe_Gain, a.ExposureIndexSafe_Sensitivity,
+    a.DrcGain, a.DrcGainDark, b.AECSettled, b.frameDuration,
+    e.frameLuma, e.ADRCGain, e.brightnessValue
+  FROM AE_AECData a
+  LEFT JOIN AWB_AECData b ON b.capture = a.capture AND b.camera = a.camera
+  LEFT JOIN AWB_ExtExposure e ON e.capture = a.capture AND e.camera = a.camera;
+CREATE VIEW white_balance AS
+  SELECT k.capture, k.request, k.camera, b.luxIndex, b.AECSettled, o.rOverG, o.bOverG,
+    l.firstCTValue, l.firstCTConfid, l.secondCTValue, l.secondCTConfid,
+    l.lightClass, l.lightClassConfid, s.cct, s.lux, s.x, s.y, s.flickerFrequency,
+    p.singlePureColorConfid, p.pureColorBackgrdFaceConfid, y.syncinfo, w.status
+  FROM (SELECT DISTINCT capture, request, camera FROM records WHERE camera IS NOT NULL) k
+  LEFT JOIN AWB_AECData b ON b.capture = k.capture AND b.camera = k.camera
+  LEFT JOIN AWB_OTPData o ON o.capture = k.capture AND o.camera = k.camera
+  LEFT JOIN ZOAWB_LightSrcClassify l ON l.capture = k.capture AND l.camera = k.camera
+  LEFT JOIN ZOAWB_SpectralSensorInfo s ON s.capture = k.capture
+  LEFT JOIN ZOAWB_PureColorRes p ON p.capture = k.capture AND p.camera = k.camera
+  LEFT JOIN ZOAWB_SyncInfo y ON y.capture = k.capture AND y.camera = k.camera
+  LEFT JOIN ZOAWB_WideAlwaysOnStatus w ON w.capture = k.capture AND w.camera = k.camera;
+CREATE TABLE shading_fall_off (record INTEGER PRIMARY KEY, r REAL, gr REAL, gb REAL, b REAL);
+CREATE VIEW shading AS
+  SELECT l.capture, l.request, l.ev, l.text, l."index", l.file, l.width, l.height,
+    f.r AS r_fall_off, f.gr AS gr_fall_off, f.gb AS gb_fall_off, f.b AS b_fall_off
+  FROM LSC l LEFT JOIN shading_fall_off f ON f.record = l.rowid;
+)";
+
+std::string sqlForRegions() {
+  std::string columns, numbers;
+  for (const char* list : kRegionLists) {
+    columns += fmt::format(", {}", list);
+    numbers += fmt::format(", n.{}", list);
+  }
+  std::string sql = fmt::format(
+      "CREATE TABLE region_numbers (record INTEGER, offline INTEGER, region INTEGER{},\n"
+      "  PRIMARY KEY (offline, record, region)) WITHOUT ROWID;\nCREATE VIEW regions AS",
+      columns);
+  for (const char* kind : {kGrid, kOfflineGrid}) {
+    sql += fmt::format(
+        "\n  {}SELECT '{}' AS kind, s.capture, s.request, s.camera, s.text, s.file, n.region,\n"
+        "    n.region / s.horizontal_num AS \"row\", n.region % s.horizontal_num AS \"column\"{}\n"
+        "  FROM {} s JOIN region_numbers n ON n.offline = {} AND n.record = s.rowid",
+        kind == kGrid ? "" : "UNION ALL ", kind, numbers, kind, kind == kGrid ? 0 : 1);
+  }
+  return sql + ";\n";
+}
+
+}  // namespace
+
+std::string quotedName(const std::string& name) { return '"' + name + '"'; }
+
+std::string sqlForTables(const std::vector<Table>& tables) {
+  std::string sql;
+  for (const Table& table : tables) sql += sqlForTable(table);
+  sql += sqlForRecords(tables) + kViews;
+  return tables.front().lists ? sql + sqlForRegions() : sql;
+}
+
+std::string sqlForIndexes(const std::vector<Table>& tables) {
+  std::string sql;
+  for (const Table& table : tables) {
+    for (const char* column : {"capture", "request", "camera"}) {
+      sql += fmt::format("CREATE INDEX {0}_by_{1} ON {0} ({1});\n", table.kind->name, column);
+    }
+  }
+  return sql;
+}
+
+}  // namespace simrec

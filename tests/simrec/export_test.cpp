@@ -1,0 +1,387 @@
+// Exports: what stands at their place after kills, refusals and additions, and rows that are the
+// same in each format. Other engines' opinion of them is a stage of its own.
+#include <signal.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "simrec/error.h"
+#include "simrec/export/export.h"
+#include "simrec/export/part_files.h"
+#include "simrec/json.h"
+#include "tests/simrec/temp_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace simrec;
+
+constexpr char kAec[] = "simulation_AWB_OTPData_camId[0].xml";
+constexpr ExportFormat kFormats[] = {ExportFormat::kJsonLines, ExportFormat::kCsv,
+                                     ExportFormat::kSqlite};
+
+std::string contentOf(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// What a database holds, table by table, a line for each row.
+std::string textOf(const std::string& path, const std::string& sql) {
+  sqlite3* database = nullptr;
+  EXPECT_EQ(sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
+  std::string text;
+  const auto add = [](void* to, int count, char** values, char**) {
+    for (int i = 0; i < count; ++i) {
+      *static_cast<std::string*>(to) += std::string(values[i] ? values[i] : "NULL") + "|";
+    }
+    *static_cast<std::string*>(to) += '\n';
+    return 0;
+  };
+  EXPECT_EQ(sqlite3_exec(database, sql.c_str(), add, &text, nullptr), SQLITE_OK)
+      << sqlite3_errmsg(database);
+  sqlite3_close(database);
+  return text;
+}
+
+/// All that an export holds; empty where there is none.
+std::map<std::string, std::string> picture(const std::string& out) {
+  std::map<std::string, std::string> picture;
+  if (fs::is_directory(out)) {
+    for (const auto& entry : fs::recursive_directory_iterator(out)) {
+      if (entry.is_regular_file()) {
+        picture[entry.path().lexically_relative(out).string()] = contentOf(entry.path());
+      }
+    }
+  } else if (fs::exists(out)) {
+    EXPECT_EQ(textOf(out, "PRAGMA integrity_check"), "ok|\n");
+    picture["records"] = textOf(out, "SELECT * FROM records");
+    picture["AWB_OTPData"] = textOf(out, "SELECT * FROM AWB_OTPData");
+    picture["indexes"] = textOf(out, "SELECT name FROM sqlite_master ORDER BY 1");
+  }
+  return picture;
+}
+
+class Exports : public testing::Test {
+ protected:
+  Exports() {
+    for (int i = 0; i < 6; ++i) addCapture(i);
+  }
+
+  void addCapture(int number) {
+    const std::string name = "data/IMG_" + std::to_string(number) + "/";
+    for (int camera = 0; camera < 3; ++camera) {
+      folder.write(name + "simulation_AWB_OTPData_camId[" + std::to_string(camera) + "].xml",
+                   "<WBOTPData><rOverG>0." + std::to_string(number + 1) +
+                       "</rOverG><bOverG>nan</bOverG></WBOTPData>");
+    }
+    folder.write(name + "simulation_LSC[a]_index[0]_ev[0].xml", "<cut");
+  }
+
+  ExportCounts run(
+      ExportFormat format, bool append = false, bool lists = false,
+      const std::function<void()>& step = [] {}) {
+    ExportWishes wishes = {format, out(format), lists, append};
+    return exportTables(CaptureList(folder.path() + "/data"), wishes, step);
+  }
+
+  std::string out(ExportFormat format) const { return folder.path() + "/" + nameOf(format); }
+
+  const TempFolder folder;
+};
+
+/// The rows of one kind as columns' texts: JSON's for numbers, null for what is absent.
+using Rows = std::set<std::vector<std::string>>;
+
+std::vector<std::string> jsonRow(const std::string& line) {
+  std::vector<std::string> row;
+  const Json json = Json::parse(line);
+  for (const auto& [name, value] : json.items()) {
+    if (name.find("Bytes") == name.npos)
+      row.push_back(value.is_string() ? value.get<std::string>() : dump(value));
+  }
+  return row;
+}
+
+/// A table of CSV, the head first. An absent value is "null".
+std::vector<std::vector<std::string>> csvRows(const std::string& text) {
+  std::vector<std::vector<std::string>> rows(1);
+  for (std::size_t at = 0; at < text.size();) {
+    std::string field;
+    if (text[at] == '"') {
+      for (++at; text[at] != '"' || text[at + 1] == '"'; ++at) {
+        at += text[at] == '"' ? 1 : 0;
+        field += text[at];
+      }
+      ++at;
+    } else {
+      const std::size_t end = text.find_first_of(",\n", at);
+      field = end == at ? "null" : text.substr(at, end - at);
+      at = end;
+    }
+    rows.back().push_back(field);
+    if (text[at++] == '\n') rows.emplace_back();
+  }
+  rows.pop_back();
+  return rows;
+}
+
+TEST_F(Exports, HoldTheSameRowsInEachFormat) {
+  const std::string odd = "data/I,\"M\n\xff/";
+  folder.write(odd + "simulation_LSC[]_index[-1]_ev[2].xml", "");
+  folder.write(odd + "simulation_LSC[\xff,\"\n\x1b]_index[0]_ev[0].xml", "<x/>");
+  folder.write(odd + "simulation_AE_AECData_camId[-7]_ev[0].xml",
+               "<SimulationData><LuxIndex>-inf</LuxIndex><DigitalGain>1e-42</DigitalGain>"
+               "<ExposureIndexShort ExposureTime='18446744073709551615' Gain='-nan'/>"
+               "<ExposureIndexLong ExposureTime='9223372036854775807' Gain='0.1'/>"
+               "</SimulationData>");
+  folder.write(
+      odd + "simulation_AWB_AECData_camId[0].xml",
+      "<SimulationData><AWBAlgoExposureInformation luxIndex=\"16777217\" AECSettled=\"-2\" "
+      "frameDuration=\"0\"><BETemplateMatrix>1 nan -inf 0.5 </BETemplateMatrix>"
+      "</AWBAlgoExposureInformation></SimulationData>");
+  mkfifo((folder.path() + "/data/IMG_0/simulation_AWB_FaceROI_camId[0].bin").c_str(), 0666);
+  fs::create_symlink("nowhere", folder.path() + "/data/IMG_0/simulation_AWB_FaceROI_camId[1].bin");
+  for (const ExportFormat format : kFormats) {
+    const ExportCounts counts = run(format, false, true);
+    EXPECT_EQ(counts.rows, 30U);
+    EXPECT_EQ(counts.captures, 7U);
+    EXPECT_EQ(counts.problems, 6U + 2 + 1 + 2);
+  }
+  std::map<std::string, Rows> json, csv;
+  for (const auto& [name, text] : picture(out(ExportFormat::kJsonLines))) {
+    if (fs::path(name).extension() != ".jsonl") continue;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      json[fs::path(name).parent_path().string()].insert(jsonRow(line));
+    }
+  }
+  for (const auto& [name, text] : picture(out(ExportFormat::kCsv))) {
+    if (fs::path(name).extension() != ".csv") continue;
+    const auto rows = csvRows(text);
+    csv[fs::path(name).parent_path().string()].insert(rows.begin() + 1, rows.end());
+  }
+  EXPECT_EQ(json, csv);
+  EXPECT_EQ(json.count("AE_AECData/camera=-7"), 1U);
+  const std::string database = out(ExportFormat::kSqlite);
+  EXPECT_EQ(
+      textOf(database,
+             "SELECT LuxIndex, typeof(LuxIndex), DigitalGain, ExposureIndexShort_ExposureTime, "
+             "ExposureIndexShort_Gain, typeof(ExposureIndexLong_ExposureTime), "
+             "ExposureIndexLong_Gain, ExposureIndexSafe_Gain, camera, request FROM AE_AECData"),
+      "-Inf|real|1.0e-42|18446744073709551615|nan|integer|0.1|NULL|-7|NULL|\n");
+  EXPECT_EQ(
+      textOf(database, "SELECT luxIndex, AECSettled, BETemplateMatrix, problem FROM AWB_AECData"),
+      "16777217.0|-2|[1,\"nan\",\"-inf\",0.5]|NULL|\n");
+  EXPECT_EQ(textOf(database,
+                   "SELECT capture, text, \"index\", ev FROM LSC WHERE capture NOT LIKE 'IMG%'"),
+            "I,\"M\n\xEF\xBF\xBD||-1|2|\nI,\"M\n\xEF\xBF\xBD|\xEF\xBF\xBD,\"\n\x1b|0|0|\n");
+  EXPECT_EQ(textOf(database, "SELECT problem, modified IS NULL FROM AWB_FaceROI ORDER BY file"),
+            "a FIFO, device or socket|0|\na link to nowhere|1|\n");
+  EXPECT_NE(contentOf(out(ExportFormat::kJsonLines) + "/LSC/part-00000.jsonl")
+                .find("\"captureBytes\":\"492c224d0aff\""),
+            std::string::npos);
+}
+
+TEST_F(Exports, OfOneGridHaveItsRegionsAndOfShadingItsFallOff) {
+  std::string lists;
+  for (const char* list : {"RSum", "BSum", "GRorGSum", "GBSum", "YSum", "RCount", "BCount",
+                           "GRorGCount", "GBCount", "YCount"}) {
+    lists += std::string("<") + list + ">7 18446744073709551615 9 </" + list + ">";
+    if (list == std::string("YSum")) lists.replace(lists.find("YSum") + 5, 2, "8 ");
+  }
+  for (std::size_t at; (at = lists.find("Count>7 18446744073709551615")) != lists.npos;) {
+    lists.replace(at, 28, "Count>7 65535");
+  }
+  const std::string grid =
+      "<SimulationData><AWBBGStats usesY=\"1\" hasSatInfo=\"0\" numROIs=\"3\" horizontal_num=\"2\" "
+      "vertical_num=\"2\" BLStretchFactor=\"1\" channelGainThreshold=\"1 2 3 4 \">" +
+      lists + "</AWBBGStats></SimulationData>";
+  folder.write("data/IMG_0/simulation_AWB_ParsedAWBStatsOutput_p_camId[0].xml", grid);
+  folder.write("data/IMG_1/simulation_OfflineAWB_ParsedAWBStatsOutput_camId[1].xml", grid);
+  std::string gains;
+  for (int i = 0; i < 221; ++i) gains += i == 0 ? "4 " : i == 16 ? "2 " : "1 ";
+  folder.write("data/IMG_0/simulation_LSC[a]_index[0]_ev[0].xml",
+               "<SimulationData><LensShadingInfo width=\"17\" height=\"13\"><rGain>" + gains +
+                   "</rGain><bGain>1 </bGain></LensShadingInfo></SimulationData>");
+  run(ExportFormat::kSqlite, false, true);
+  const std::string database = out(ExportFormat::kSqlite);
+  EXPECT_EQ(
+      textOf(database,
+             "SELECT kind, capture, camera, region, \"row\", \"column\", RSum, YSum, RCount "
+             "FROM regions WHERE region > 0 ORDER BY 1, region"),
+      "AWB_ParsedAWBStatsOutput|IMG_0|0|1|0|1|18446744073709551615|18446744073709551615|65535|\n"
+      "AWB_ParsedAWBStatsOutput|IMG_0|0|2|1|0|9|9|9|\n"
+      "OfflineAWB_ParsedAWBStatsOutput|IMG_1|1|1|0|1|18446744073709551615|18446744073709551615|"
+      "65535|\n"
+      "OfflineAWB_ParsedAWBStatsOutput|IMG_1|1|2|1|0|9|9|9|\n");
+  const std::string shading =
+      "SELECT capture, width, r_fall_off, b_fall_off FROM shading WHERE capture < 'IMG_2'";
+  EXPECT_EQ(textOf(database, shading), "IMG_0|17|0.5|NULL|\nIMG_1|NULL|NULL|NULL|\n");
+  run(ExportFormat::kSqlite);
+  EXPECT_EQ(textOf(database, shading), "IMG_0|17|0.5|NULL|\nIMG_1|NULL|NULL|NULL|\n");
+}
+
+TEST_F(Exports, AppendTakesWhatIsNew) {
+  for (const ExportFormat format : kFormats) {
+    EXPECT_EQ(run(format, true).rows, 24U);  // to nothing
+    EXPECT_EQ(run(format, true).rows, 0U);
+    const auto before = picture(out(format));
+    addCapture(8);
+    addCapture(7);
+    folder.write(std::string("data/IMG_3/") + kAec, "<x/>");  // another time and size
+    EXPECT_EQ(run(format, true).rows, 9U);
+    EXPECT_EQ(run(format, true).rows, 0U);
+    const auto after = picture(out(format));
+    for (const auto& [name, content] : before) {
+      if (format != ExportFormat::kSqlite && name[0] != '.') {
+        EXPECT_EQ(after.at(name), content) << name;
+      }
+    }
+    if (format != ExportFormat::kSqlite) {
+      EXPECT_EQ(after.count(std::string("AWB_OTPData/camera=0/part-00001.") + nameOf(format)), 1U);
+    } else {
+      EXPECT_EQ(
+          textOf(out(format),
+                 "SELECT count(*), count(DISTINCT capture || file), count(problem) FROM records"),
+          "33|32|9|\n");
+    }
+    EXPECT_THROW(run(format, true, true), Error);  // other columns
+    EXPECT_EQ(picture(out(format)), after);
+    // Everything anew is as if there had never been another.
+    run(format);
+    const auto anew = picture(out(format));
+    fs::remove_all(out(format));
+    run(format);
+    EXPECT_EQ(picture(out(format)), anew);
+    for (const char* gone : {"IMG_7", "IMG_8"}) fs::remove_all(folder.path() + "/data/" + gone);
+    addCapture(3);
+  }
+}
+
+TEST_F(Exports, ReplaceNothingThatIsNoExport) {
+  for (const ExportFormat format : kFormats) {
+    const bool folders = format != ExportFormat::kSqlite;
+    const std::string mine =
+        folders ? std::string(nameOf(format)) + "/AE_AECData/mine.txt" : "sqlite";
+    folder.write(mine, "mine");
+    EXPECT_THROW(run(format), Error);
+    EXPECT_THROW(run(format, true), Error);
+    EXPECT_EQ(contentOf(folder.path() + "/" + mine), "mine");
+    fs::remove_all(out(format));
+    if (folders) fs::create_directory(out(format));
+    EXPECT_EQ(run(format).rows, 24U);  // nothing there, or an empty folder
+    // Neither a database of somebody else's nor an export of another format.
+    ExportWishes other = {folders ? ExportFormat::kSqlite : ExportFormat::kCsv, out(format)};
+    EXPECT_THROW(exportTables(std::vector<Capture>{}, other, [] {}), Error);
+    if (folders) {
+      folder.write(std::string(nameOf(format)) + "/AWB_OTPData/camera=0/notes", "mine");
+      EXPECT_THROW(run(format), Error);
+      fs::remove(out(format) + "/AWB_OTPData/camera=0/notes");
+      other.format = format == ExportFormat::kCsv ? ExportFormat::kJsonLines : ExportFormat::kCsv;
+      EXPECT_THROW(exportTables(std::vector<Capture>{}, other, [] {}), Error);
+    }
+    EXPECT_EQ(run(format, true).rows, 0U);
+    // Nothing is left beside it.
+    for (const auto& entry : fs::directory_iterator(folder.path())) {
+      EXPECT_NE(entry.path().filename().string()[0], '.') << entry;
+    }
+  }
+  sqlite3* database = nullptr;
+  sqlite3_open((folder.path() + "/foreign").c_str(), &database);
+  sqlite3_exec(database, "CREATE TABLE a (b)", nullptr, nullptr, nullptr);
+  sqlite3_close(database);
+  EXPECT_THROW(exportTables(std::vector<Capture>{},
+                            {ExportFormat::kSqlite, folder.path() + "/foreign"}, [] {}),
+               Error);
+}
+
+TEST_F(Exports, KilledAtAnyMomentAreWholeTheNextTime) {
+  for (const ExportFormat format : kFormats) {
+    for (const bool append : {false, true}) {
+      run(format);
+      const auto first = picture(out(format));
+      addCapture(9);
+      run(format, append);
+      const auto whole = picture(out(format));
+      fs::remove_all(out(format));
+      fs::remove_all(folder.path() + "/data/IMG_9");
+      run(format);
+      addCapture(9);
+      // Times of files are in it: both ways have the same ones.
+      const auto touch = [&] {
+        for (const auto& entry : fs::directory_iterator(folder.path() + "/data/IMG_9")) {
+          const timespec times[2] = {};
+          utimensat(AT_FDCWD, entry.path().c_str(), times, 0);
+        }
+      };
+      touch();
+      const std::string older = folder.path() + "/older";
+      fs::copy(out(format), older, fs::copy_options::recursive);
+      run(format, append);
+      const auto expected = picture(out(format));
+      EXPECT_EQ(expected.size(), whole.size());
+      for (unsigned int round = 0; round < 12; ++round) {
+        fs::remove_all(out(format));
+        fs::copy(older, out(format), fs::copy_options::recursive);
+        const pid_t child = fork();
+        if (child == 0) {
+          run(format, append);
+          _exit(0);
+        }
+        usleep(round * 700);
+        kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        const auto left = picture(out(format));
+        EXPECT_TRUE(left == first || left == expected) << nameOf(format) << ' ' << round;
+        run(format, append);
+        EXPECT_EQ(picture(out(format)), left == expected && append ? left : expected);
+      }
+      fs::remove_all(older);
+      fs::remove_all(out(format));
+      fs::remove_all(folder.path() + "/data/IMG_9");
+    }
+  }
+}
+
+TEST_F(Exports, OnAFullDiskLeaveWhatThereWas) {
+  // A name that is too long for its folder, as any place where nothing can be made.
+  const ExportWishes wishes = {ExportFormat::kCsv, folder.path() + "/missing/out"};
+  EXPECT_THROW(exportTables(std::vector<Capture>{}, wishes, [] {}), Error);
+  EXPECT_FALSE(fs::exists(folder.path() + "/missing"));
+  // What is thrown on the way.
+  for (const ExportFormat format : kFormats) {
+    run(format);
+    const auto before = picture(out(format));
+    EXPECT_THROW(run(format, false, true, [] { throw Error("no space"); }), Error);
+    EXPECT_EQ(picture(out(format)), before);
+  }
+}
+
+TEST(PartFiles, AreOfBoundedSize) {
+  const TempFolder folder;
+  const std::vector<Table> tables = makeTables(false);
+  PartFiles parts(folder.path() + "/new", "csv");
+  parts.begin(tables);
+  const std::string lines(3 << 20, 'x');
+  for (int i = 0; i < 25; ++i) {
+    for (const int camera : {0, 11}) parts.add(tables[0], camera, "head\n", lines);
+  }
+  for (int camera = 100; camera < 400; ++camera) parts.add(tables[0], camera, "head\n", "x");
+  parts.add(tables[0], 100, "head\n", "y");
+  parts.end();
+  const std::string name = folder.path() + "/new/AE_AECData/camera=";
+  for (const auto& [part, bytes] : {std::pair{"0/part-00000.csv", 5 + (33 << 20)},
+                                    {"11/part-00001.csv", 5 + (33 << 20)},
+                                    {"11/part-00002.csv", 5 + (9 << 20)},
+                                    {"100/part-00000.csv", 7}}) {
+    EXPECT_EQ(fs::file_size(name + part), static_cast<std::uintmax_t>(bytes)) << part;
+  }
+}
+
+}  // namespace
