@@ -67,21 +67,6 @@ std::string dataFolder() {
   return variable != nullptr && *variable != '\0' ? variable : "/data/vendor/camera";
 }
 
-/// Somebody else's folder has nothing in it that looks like a record. One that can't be read may
-/// have.
-bool looksLikeCapture(const Capture& capture) {
-  try {
-    Folder folder(capture.path);
-    while (const char* const name = folder.next()) {
-      const std::string_view prefix = catalogue::kRecordPrefix;
-      if (std::string_view(name).substr(0, prefix.size()) == prefix) return true;
-    }
-    return false;
-  } catch (const Error&) {
-    return true;
-  }
-}
-
 std::vector<File> filesFor(const Capture& capture, const Query& query) {
   const py::gil_scoped_release unlocked;
   std::vector<File> files =
