@@ -67,12 +67,14 @@ void forEachGroup(const Capture& capture, const ViewOptions& options, Ids& ids,
   const std::vector<File> files = recordsOf(capture);
   for (const catalogue::Kind& kind : catalogue::kinds()) {
     if (!isPictured(kind)) continue;
-    Json group = newGroup(titleOf(kind));
+    std::string title = titleOf(kind);
     for (const File& file : files) {
       if (file.parts->kind != &kind) continue;
+      Json group = newGroup(title);
       group["views"].push_back(viewOf(readRecord(capture.path, file), options, ids));
+      use(group);
+      title.clear();  // the others follow below the same heading
     }
-    if (!group["views"].empty()) use(group);
   }
   Json group = newGroup("Values");
   for (const catalogue::Kind& kind : catalogue::kinds()) {

@@ -12,8 +12,8 @@ namespace simrec::report {
 /// `large`: pictures follow.
 Json captureHead(const Digest& digest, const std::string& id, bool large);
 
-/// Calls `use` with each group of views, one at a time: those of one kind with pictures, then the
-/// tables of the small records and the list of files. Nothing is thrown for what is in the files.
+/// Calls `use` with each view, one at a time: those with pictures by kind, then the tables of the
+/// small records and the list of files. Nothing is thrown for what is in the files.
 void forEachGroup(const Capture& capture, const ViewOptions& options, Ids& ids,
                   const std::function<void(const Json& group)>& use);
 

@@ -70,6 +70,11 @@ void addRows(const RecordDifference& difference, Json& rows) {
 Json differenceTable(const RecordPair& pair, const RecordDifference& difference) {
   Json rows = Json::array();
   addRows(difference, rows);
+  if (rows.empty()) {
+    const auto presence = [](bool there) { return cell(there ? "there" : "missing", !there); };
+    rows.push_back(
+        row("the record", {presence(pair.a.has_value()), presence(pair.b.has_value()), cell("")}));
+  }
   const std::size_t more = rows.size() > kMostRows ? rows.size() - kMostRows : 0;
   if (more > 0) rows.erase(rows.begin() + kMostRows, rows.end());
   std::string caption = printable(pair.any().name);

@@ -104,6 +104,12 @@ class Page {
     return "Captures of " + printable(request_.store.data());
   }
 
+  std::string facts() const {
+    const std::string count = counted(digests_.size(), "capture");
+    return isNamed() ? count + "."
+                     : fmt::format("{} in {}.", count, printable(request_.store.data()));
+  }
+
   void writeHead() {
     Json large = Json::array();
     for (std::size_t i = 0; i < digests_.size(); ++i) {
@@ -112,8 +118,7 @@ class Page {
           {{"largeId", sections_[i]}, {"largeName", printable(digests_[i].capture.name)}});
     }
     put("head.html", {{"pageTitle", title()},
-                      {"pageFacts", fmt::format("{} in {}.", counted(digests_.size(), "capture"),
-                                                printable(request_.store.data()))},
+                      {"pageFacts", facts()},
                       {"compared", request_.compared.has_value()},
                       {"large", large},
                       {"plotHash", asset("dygraph.js").hash},

@@ -210,6 +210,7 @@ Json comparisonRows(const std::vector<const Moment*>& moments) {
     const auto spread = spreadOf(moments, i);
     if (!quantity.isCompared || !spread) continue;
     std::vector<Json> cells;
+    cells.reserve(moments.size() + 1);
     for (const Moment* const moment : moments) cells.push_back(cell(valueText(moment->values[i])));
     cells.push_back(cell(fmt::format("{:.3g} %", 100 * *spread), *spread > kConsistent));
     rows.push_back(row(quantity.title, std::move(cells)));

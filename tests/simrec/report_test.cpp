@@ -398,9 +398,9 @@ TEST(ReportPage, DamagedAndMissingFilesAreTold) {
   data.write("IMG_1/simulation_ACB_acb_camId[0].bin", "");
   mkfifo((data.path() + "/IMG_1/simulation_ZOAWB_SpectralSensorInfo.xml").c_str(), 0600);
   const std::string page = pageOf(data, {"IMG_1"});
-  for (const char* const part :
-       {"(line 1)", "empty", "a FIFO, device or socket",
-        "simulation_AWB_QsegImageData_camId[0].xml</td><td><strong class=\"warning\">"}) {
+  for (const char* const part : {"(line 1)", "empty", "a FIFO, device or socket",
+                                 "simulation_AWB_QsegImageData_camId[0].xml</td><td "
+                                 "class=\"finding\"><strong class=\"warning\">"}) {
     EXPECT_NE(page.find(part), std::string::npos) << part;
   }
   EXPECT_EQ(countOf("</section>", page), 4U);
