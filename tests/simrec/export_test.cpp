@@ -226,6 +226,21 @@ TEST_F(Exports, OfOneGridHaveItsRegionsAndOfShadingItsFallOff) {
   EXPECT_EQ(textOf(database, shading), "IMG_0|17|0.5|NULL|\nIMG_1|NULL|NULL|NULL|\n");
 }
 
+TEST_F(Exports, HoldAllRecordsOfALargeCapture) {
+  std::set<std::string> expected;
+  for (int index = 0; index < 300; ++index) {
+    const std::string file = "simulation_LSC[b]_index[" + std::to_string(index) + "]_ev[0].xml";
+    folder.write("data/IMG_2/" + file, std::string(index % 100 == 0 ? 5 << 20 : 10, '<'));
+    expected.insert(file);
+  }
+  run(ExportFormat::kSqlite);
+  std::set<std::string> files;
+  std::istringstream lines(textOf(out(ExportFormat::kSqlite),
+                                  "SELECT file FROM LSC WHERE text = 'b' AND problem IS NOT NULL"));
+  for (std::string line; std::getline(lines, line);) files.insert(line.substr(0, line.size() - 1));
+  EXPECT_EQ(files, expected);
+}
+
 TEST_F(Exports, AppendTakesWhatIsNew) {
   for (const ExportFormat format : kFormats) {
     EXPECT_EQ(run(format, true).rows, 24U);  // to nothing
