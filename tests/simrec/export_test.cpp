@@ -144,11 +144,13 @@ TEST_F(Exports, HoldTheSameRowsInEachFormat) {
       "<SimulationData><AWBAlgoExposureInformation luxIndex=\"16777217\" AECSettled=\"-2\" "
       "frameDuration=\"0\"><BETemplateMatrix>1 nan -inf 0.5 </BETemplateMatrix>"
       "</AWBAlgoExposureInformation></SimulationData>");
+  folder.write(odd + "simulation_AWB_OTPData_camId[3].xml",  // no number that JSON knows
+               "<WBOTPData><rOverG>00.5</rOverG><bOverG>1.</bOverG></WBOTPData>");
   mkfifo((folder.path() + "/data/IMG_0/simulation_AWB_FaceROI_camId[0].bin").c_str(), 0666);
   fs::create_symlink("nowhere", folder.path() + "/data/IMG_0/simulation_AWB_FaceROI_camId[1].bin");
   for (const ExportFormat format : kFormats) {
     const ExportCounts counts = run(format, false, true);
-    EXPECT_EQ(counts.rows, 30U);
+    EXPECT_EQ(counts.rows, 31U);
     EXPECT_EQ(counts.captures, 7U);
     EXPECT_EQ(counts.problems, 6U + 2 + 1 + 2);
   }
@@ -251,6 +253,9 @@ TEST_F(Exports, AppendTakesWhatIsNew) {
     folder.write(std::string("data/IMG_3/") + kAec, "<x/>");  // another time and size
     EXPECT_EQ(run(format, true).rows, 9U);
     EXPECT_EQ(run(format, true).rows, 0U);
+    const ExportWishes one = {format, out(format), false, true};
+    EXPECT_EQ(exportTables({{"IMG_0", folder.path() + "/data/IMG_0"}}, one, [] {}).rows, 0U);
+    EXPECT_EQ(run(format, true).rows, 0U);  // the others are not forgotten
     const auto after = picture(out(format));
     for (const auto& [name, content] : before) {
       if (format != ExportFormat::kSqlite && name[0] != '.') {
