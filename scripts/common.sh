@@ -55,7 +55,8 @@ has_header() { printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | ${CXX:
 has_libcxx() { echo 'int main() {}' | clang++ -stdlib=libc++ -o /dev/null -x c++ -; }
 has_libfuzzer() { ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a; }
 
-has_pandas() { python3 -c 'import pandas'; }
+# Where apt puts it, whatever other python3 comes first.
+has_pandas() { /usr/bin/python3 -c 'import pandas'; }
 
 has_cmake() {
   local version
