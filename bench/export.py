@@ -16,7 +16,7 @@ import sys
 import tempfile
 import time
 
-ROUNDS = 7
+ROUNDS = 5
 CAPTURES = 300
 EXPORT_ROWS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "export_rows.py")
 # Half of the files each.

@@ -104,7 +104,7 @@ class Encoder {
   void addText(Parameter& parameter, std::string_view text) {
     parameter.is = Parameter::Is::kText;
     parameter.begin = result_.texts.size();
-    parameter.size = text.size();
+    parameter.size = static_cast<std::uint32_t>(text.size());
     result_.texts += text;
   }
 

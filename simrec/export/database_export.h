@@ -18,9 +18,12 @@ class DatabaseExport {
   /// What a statement gets for one parameter. A text is a piece of the batch's.
   struct Parameter {
     enum class Is : std::uint8_t { kNull, kInteger, kReal, kText } is = Is::kNull;
-    std::int64_t integer = 0;
-    double real = 0;
-    std::size_t begin = 0, size = 0;
+    std::uint32_t size = 0;  ///< of the text
+    union {
+      std::int64_t integer = 0;
+      double real;
+      std::size_t begin;  ///< of the text
+    };
   };
   /// A row to insert; one of another table than the kinds' gets the row of the record before it
   /// in front.
