@@ -67,7 +67,8 @@ os.stat(os.path.join(sysconfig.get_path("include"), "Python.h"))'
 has_libcxx() { echo 'int main() {}' | clang++ -stdlib=libc++ -o /dev/null -x c++ -; }
 has_libfuzzer() { ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a; }
 
-has_pandas() { python3 -c 'import pandas'; }
+# Where apt puts it, whatever other python3 comes first.
+has_pandas() { /usr/bin/python3 -c 'import pandas'; }
 
 has_cmake() {
   local version

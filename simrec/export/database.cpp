@@ -6,8 +6,9 @@ namespace simrec {
 namespace {
 
 [[noreturn]] void fail(sqlite3* database) {
-  throw Error(std::string("the database: ") +
-              (database != nullptr ? sqlite3_errmsg(database) : "out of memory"));
+  if (database == nullptr) throw Error("there is not enough memory");
+  const char* const path = sqlite3_db_filename(database, nullptr);
+  throw Error(std::string(path != nullptr ? path : "") + ": " + sqlite3_errmsg(database));
 }
 
 }  // namespace
@@ -31,7 +32,7 @@ void Statement::check(int result) const {
   if (result != SQLITE_OK) fail(sqlite3_db_handle(statement_.get()));
 }
 
-Database::Database(const std::string& path, bool readOnly) : path_(path) {
+Database::Database(const std::string& path, bool readOnly) {
   sqlite3* database = nullptr;
   const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   const int result = sqlite3_open_v2(path.c_str(), &database, flags, nullptr);

@@ -55,7 +55,6 @@ class Database {
     void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
   };
   std::unique_ptr<sqlite3, Close> database_;
-  std::string path_;
 };
 
 }  // namespace simrec

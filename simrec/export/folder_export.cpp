@@ -1,5 +1,7 @@
 #include "simrec/export/folder_export.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -23,8 +25,8 @@ bool isExport(const std::string& place, const PartFiles& parts) {
     if (entry.is_directory() && !entry.is_symlink()) continue;
     const std::string name = entry.path().lexically_relative(place).string();
     if (entry.is_regular_file() && (name == kExportLog || parts.knows(name))) continue;
-    throw Error(place + " holds " + name +
-                ", which is no part of an export: choose another folder");
+    throw Error(fmt::format("{} holds {}, which is no part of an export: choose another folder",
+                            place, name));
   }
   if (error) throw Error(place + ": " + error.message());
   if (any && readExportHead(place).empty()) {

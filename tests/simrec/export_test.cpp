@@ -144,11 +144,13 @@ TEST_F(Exports, HoldTheSameRowsInEachFormat) {
       "<SimulationData><AWBAlgoExposureInformation luxIndex=\"16777217\" AECSettled=\"-2\" "
       "frameDuration=\"0\"><BETemplateMatrix>1 nan -inf 0.5 </BETemplateMatrix>"
       "</AWBAlgoExposureInformation></SimulationData>");
+  folder.write(odd + "simulation_AWB_OTPData_camId[3].xml",  // no number that JSON knows
+               "<WBOTPData><rOverG>00.5</rOverG><bOverG>1.</bOverG></WBOTPData>");
   mkfifo((folder.path() + "/data/IMG_0/simulation_AWB_FaceROI_camId[0].bin").c_str(), 0666);
   fs::create_symlink("nowhere", folder.path() + "/data/IMG_0/simulation_AWB_FaceROI_camId[1].bin");
   for (const ExportFormat format : kFormats) {
     const ExportCounts counts = run(format, false, true);
-    EXPECT_EQ(counts.rows, 30U);
+    EXPECT_EQ(counts.rows, 31U);
     EXPECT_EQ(counts.captures, 7U);
     EXPECT_EQ(counts.problems, 6U + 2 + 1 + 2);
   }
@@ -226,6 +228,21 @@ TEST_F(Exports, OfOneGridHaveItsRegionsAndOfShadingItsFallOff) {
   EXPECT_EQ(textOf(database, shading), "IMG_0|17|0.5|NULL|\nIMG_1|NULL|NULL|NULL|\n");
 }
 
+TEST_F(Exports, HoldAllRecordsOfALargeCapture) {
+  std::set<std::string> expected;
+  for (int index = 0; index < 300; ++index) {
+    const std::string file = "simulation_LSC[b]_index[" + std::to_string(index) + "]_ev[0].xml";
+    folder.write("data/IMG_2/" + file, std::string(index % 100 == 0 ? 5 << 20 : 10, '<'));
+    expected.insert(file);
+  }
+  run(ExportFormat::kSqlite);
+  std::set<std::string> files;
+  std::istringstream lines(textOf(out(ExportFormat::kSqlite),
+                                  "SELECT file FROM LSC WHERE text = 'b' AND problem IS NOT NULL"));
+  for (std::string line; std::getline(lines, line);) files.insert(line.substr(0, line.size() - 1));
+  EXPECT_EQ(files, expected);
+}
+
 TEST_F(Exports, AppendTakesWhatIsNew) {
   for (const ExportFormat format : kFormats) {
     EXPECT_EQ(run(format, true).rows, 24U);  // to nothing
@@ -236,6 +253,9 @@ TEST_F(Exports, AppendTakesWhatIsNew) {
     folder.write(std::string("data/IMG_3/") + kAec, "<x/>");  // another time and size
     EXPECT_EQ(run(format, true).rows, 9U);
     EXPECT_EQ(run(format, true).rows, 0U);
+    const ExportWishes one = {format, out(format), false, true};
+    EXPECT_EQ(exportTables({{"IMG_0", folder.path() + "/data/IMG_0"}}, one, [] {}).rows, 0U);
+    EXPECT_EQ(run(format, true).rows, 0U);  // the others are not forgotten
     const auto after = picture(out(format));
     for (const auto& [name, content] : before) {
       if (format != ExportFormat::kSqlite && name[0] != '.') {

@@ -138,6 +138,29 @@ TEST_F(HostileData, NoFileHidesAnother) {
   }
 }
 
+TEST_F(HostileData, IsExportedWithARowForEachRecord) {
+  const std::string out = folder.path() + "/out";
+  fs::create_directory(out);
+  chmod(out.c_str(), 0777);
+  for (const bool ordinary : {false, true}) {
+    for (const std::string format : {"jsonl", "csv", "sqlite"}) {
+      const Ended ended = run({"export", "--lists", "--format", format, "-o", out + "/" + format,
+                               "--data", folder.path()},
+                              ordinary && geteuid() == 0);
+      EXPECT_EQ(ended.status, 0) << ended.output;
+      EXPECT_TRUE(isPrintable(ended.output)) << ended.output;
+      const bool limited = ordinary || geteuid() != 0;
+      EXPECT_NE(ended.output.find(limited ? "15 records of 4 " : "17 records of 6 "),
+                std::string::npos)
+          << ended.output;
+      for (const char* closed : {"IMG_3: Permission denied", "tmp: Permission denied"}) {
+        EXPECT_EQ(ended.output.find(closed) != std::string::npos, limited) << ended.output;
+      }
+      fs::remove_all(out + "/" + format);
+    }
+  }
+}
+
 TEST(SimrecHostile, FilesMayVanishWhileTheyAreRead) {
   const TempFolder folder;
   const Capture capture = {"IMG", folder.path() + "/IMG"};
