@@ -355,7 +355,9 @@ class Tables(CopyCase):
 
     @unittest.skipIf(os.geteuid() == 0, "root reads every folder")
     def test_tell_folders_that_cannot_be_read(self):
-        os.mkdir(os.path.join(self.data, "closed"), 0)
+        closed = os.path.join(self.data, "closed")
+        os.mkdir(closed, 0)
+        self.addCleanup(os.chmod, closed, 0o700)
         with self.assertWarnsRegex(RuntimeWarning, "closed: Permission denied"):
             table = self.store.table("AE_AECData")
         self.assertEqual(len(table["file"]), 3)
