@@ -11,7 +11,6 @@
 
 #include "simrec/capture_list.h"
 #include "simrec/error.h"
-#include "simrec/folder.h"
 #include "simrec/overview.h"
 #include "simrec/provenance.h"
 #include "simrec/python/conversion.h"
