@@ -65,7 +65,7 @@ def plain_arrays(paths):
 
 
 def module_arrays(data):
-    return list(simrec.Store(data).records(GRID, camera=0))
+    return [capture[GRID, 0] for capture in simrec.Store(data)]
 
 
 def compare_tables(table, plain):

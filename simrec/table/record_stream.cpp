@@ -7,7 +7,7 @@ namespace simrec {
 namespace {
 
 /// So many files are read in advance, or files with so many bytes together.
-constexpr std::size_t kMostFiles = 64;
+constexpr std::size_t kMostFiles = 16;
 constexpr std::uint64_t kMostBytes = 8 << 20;
 
 /// Documents in memory are several times as large as their texts.
