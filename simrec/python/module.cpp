@@ -31,7 +31,7 @@ struct RecordHead {
   catalogue::FileName parts;
   std::string capture, name, path;
   std::uint64_t bytes;
-  std::int64_t modified;
+  std::optional<std::int64_t> modified;
   std::vector<std::string> problems;
   std::string content;  ///< of a binary file
 };
@@ -99,7 +99,8 @@ py::object recordOf(const Capture& capture, const File& file, Record record, boo
   const bool binary = file.parts->kind->format == catalogue::Format::kBinary;
   py::object object =
       py::cast(RecordHead{*file.parts, capture.name, file.name, path, record.file.bytes,
-                          file.modified, std::move(record.problems), std::move(record.bytes)});
+                          file.hasTime() ? std::optional(file.modified) : std::nullopt,
+                          std::move(record.problems), std::move(record.bytes)});
   py::dict members = membersOf(record.values);
   if (binary && record.opened) members["size"] = record.file.bytes;
   object.attr("__dict__").attr("update")(members);
@@ -264,8 +265,12 @@ void addRecord(py::module_& module) {
       .def_property_readonly(
           "bytes", [](const RecordHead& record) { return record.bytes; }, "the file's size")
       .def_property_readonly(
-          "modified", [](const RecordHead& record) { return timeOf(record.modified); },
-          "the time of the file's last change, UTC, as numpy.datetime64")
+          "modified",
+          [](const RecordHead& record) -> py::object {
+            if (!record.modified) return py::none();
+            return timeOf(*record.modified);
+          },
+          "the time of the file's last change, UTC, as numpy.datetime64; None of a link to nowhere")
       .def_property_readonly(
           "problems", [](const RecordHead& record) { return py::tuple(py::cast(record.problems)); },
           "what is wrong with the file, in words")
