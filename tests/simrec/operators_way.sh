@@ -40,7 +40,7 @@ expect 0 simrec verify "$image" REPLAYED
 expect 1 simrec diff "$image" REPLAYED
 
 sed -nE 's/^simulation_(.*)  different$/\1/p
-         s/^  [0-9]+ bytes?: \[[0-7], [1-8]\)$/  of the first 8 bytes/p; t
+         s/^  [0-9]+ bytes?:( \[[0-7], [1-8]\))+$/  of the first 8 bytes/p; t
          s/^  ([[:alnum:]]+) .*$/  \1/p
          s/^([0-9]+) records: ([0-9]+) different$/\2 of \1/p' said >found
 expect 0 diff - found <<'END'

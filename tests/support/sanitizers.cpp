@@ -8,7 +8,7 @@ SANITIZER_HOOK __lsan_default_suppressions() {
   return "leak:ExtExposure\n"
          "leak:readQsegImageData\n"
          "leak:FlatRecord\n"
-         "leak:CamxCalloc\n";
+         "leak:newWorkingCopy\n";
 }
 SANITIZER_HOOK __asan_default_options();
 SANITIZER_HOOK __asan_default_options() { return "fast_unwind_on_malloc=0"; }
