@@ -28,7 +28,9 @@ std::string summaryOf(const Map& map, const Field& field, const Extremes& extrem
         placeOf(extremes.highAt, field.columns), withUnit(rounded(extremes.low), map.unit),
         placeOf(extremes.lowAt, field.columns), rounded(extremes.mean));
   }
-  if (none > 0) text += fmt::format(" {} have no value (grey).", counted(none, "place"));
+  if (none > 0)
+    text +=
+        fmt::format(" {} {} no value (grey).", counted(none, "place"), none == 1 ? "has" : "have");
   return text;
 }
 
@@ -111,7 +113,8 @@ Json plainFigure(const Map& map, std::size_t columns, std::size_t rows, const st
 }
 
 std::string thumbnailOf(const Field& red, const Field& green, const Field& blue) {
-  if (!green.isDrawable()) return "";
+  const auto isThere = [](const Field& field) { return extremesOf(field.values).count > 0; };
+  if (!green.isDrawable() || !isThere(red) || !isThere(green) || !isThere(blue)) return "";
   const double brightest = extremesOf(green.values).high;
   // Balanced to grey, and as bright as a screen wants it.
   const auto scaled = [&](const Field& field) {

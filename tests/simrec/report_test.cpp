@@ -96,6 +96,18 @@ TEST(ReportGrid, RatiosAreThoseOfMeansAndNoneWhereNothingWasCounted) {
   EXPECT_DOUBLE_EQ(grid.left.values[2], 1 - 35.0 / 40);
 }
 
+TEST(ReportGrid, ADamagedListHasNoValuesRatherThanZeros) {
+  const TempFolder folder;
+  std::string damaged = gridXml(kSquare);
+  damaged.replace(damaged.find("100 200 300 0"), 13, "nan");
+  const BayerGrid grid = bayerGridOf(recordIn(folder, kGridFile, damaged).values);
+  EXPECT_EQ(extremesOf(grid.redness.values).count, 0U);
+  EXPECT_EQ(extremesOf(grid.level.values).count, 0U);
+  EXPECT_EQ(extremesOf(grid.blueness.values).count, 3U);
+  EXPECT_TRUE(std::isnan(grid.meanRedness));
+  EXPECT_DOUBLE_EQ(grid.meanBlueness, (150 / 25.0) / (800.0 / 60));
+}
+
 TEST(ReportGrid, AShapeThatDoesNotFitGivesNoMap) {
   const TempFolder folder;
   for (const char* const shape :
@@ -119,6 +131,19 @@ TEST(ReportShading, FallOffIsWhatTheCornersLose) {
   ASSERT_EQ(channels[0].diagonal.size(), 17U);
   EXPECT_DOUBLE_EQ(channels[0].diagonal[0], 2.5);
   EXPECT_DOUBLE_EQ(channels[0].diagonal[8], 1);
+}
+
+TEST(ReportShading, AWildGainSpoilsNoOtherChannel) {
+  const TempFolder folder;
+  for (const char* const wild : {"1e38", "nan"}) {
+    Ids ids;
+    std::string xml = shadingXml();
+    xml.replace(xml.find("<rGain>2.5 "), 11, fmt::format("<rGain>{} ", wild));
+    const Json view = viewOf(recordIn(folder, kShadingFile, xml), {}, ids);
+    EXPECT_EQ(view["figures"][1]["scale"]["high"], "2.5") << wild;
+    EXPECT_EQ(view["chart"]["chartHigh"], "2.5") << wild;
+    EXPECT_EQ(view.dump().find("nan %"), std::string::npos);
+  }
 }
 
 /// The picture as red, green and blue of each pixel.
@@ -307,9 +332,48 @@ TEST(ReportPage, TellsWhenExposureSettledAndWhichCamerasDisagree) {
   const std::string page = pageOf(data);
   EXPECT_NE(page.find("camera 0</th><td>request 11</td><td>request 10</td><td>2</td>"),
             std::string::npos);
+  EXPECT_EQ(countOf("data-flag=\"true\"", page), 1U);
   EXPECT_NE(page.find("not settled at the end</td><td>request 13</td>"), std::string::npos);
   EXPECT_NE(page.find("lux index by 33.3 %, exposure settled</td>"), std::string::npos);
   EXPECT_NE(page.find("those of 3 are consistent within 10 %"), std::string::npos);  // 8, 9, 10
+}
+
+TEST(ReportPage, WhatADamagedFileLeavesOpenIsNoVerdict) {
+  const TempFolder data;
+  const auto damage = [&](int request, int camera, const char* file) {
+    data.write(fmt::format("tmp/RequestID[{0}]_camId[{1}]/simulation_{2}", request, camera,
+                           fmt::format(file, camera)),
+               "junk");
+  };
+  constexpr char kSettledFile[] = "AWB_AECData_camId[{}].xml";
+  for (int request = 8; request < 13; ++request) {
+    addRequest(data, request, 0, true, 100);
+    addRequest(data, request, 1, request > 8, 100);
+  }
+  damage(9, 1, kSettledFile);
+  damage(12, 1, kSettledFile);
+  damage(12, 1, "AE_AECData_camId[{}]_ev[0].xml");
+  const std::string page = pageOf(data);
+  for (const char* const part :
+       {"<td>from the first one on (request 8)</td><td>none</td><td>0</td><td>0</td>",
+        "<td>request 10, or earlier: 1 request before it does not tell</td><td>request 8</td>",
+        "those of 2 are consistent within 10 %, those of 1 only in what they have in common.",
+        "<td>camera 1 lacks exposure settled</td>",
+        "<td>cannot be compared</td><td>camera 1 has no values</td>"}) {
+    EXPECT_NE(page.find(part), std::string::npos) << part;
+  }
+  const auto verdictOf = [](const std::vector<Moment>& moments) {
+    return cameraComparison(moments)["verdicts"][0].get<std::string>();
+  };
+  Quantities values;
+  values[0] = 100;
+  EXPECT_EQ(verdictOf({{0, 8, values}, {1, 8, {}}}),
+            "Cameras 0 and 1 cannot be compared: camera 1 has no values.");
+  Quantities more = values;
+  more[1] = 2;
+  EXPECT_EQ(verdictOf({{0, 8, more}, {1, 8, values}}),
+            "Cameras 0 and 1 are consistent in what they have in common, 1 value: nothing differs "
+            "by more than 10 %; camera 1 lacks short gain.");
 }
 
 TEST(ReportPage, ShowsTheNewestImagesInPictures) {
