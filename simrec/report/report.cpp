@@ -72,25 +72,36 @@ class Page {
                        [&](const Capture& each) { return each.path == capture.path; });
   }
 
-  /// Of images and what is named; large ones have pictures.
-  void chooseSections() {
+  /// The newest images, those first that have a picture to show.
+  std::vector<std::size_t> newestImages() const {
     std::vector<std::size_t> images;
     for (std::size_t i = 0; i < digests_.size(); ++i) {
-      const Capture& capture = digests_[i].capture;
-      const bool isImage = capture.kind == CaptureKind::kImage;
-      const bool shown = isNamed() || isImage || request_.allPictures;
-      sections_.push_back(shown ? fmt::format("c{}", i) : "");
-      isLarge_.push_back(shown && (request_.allPictures || isNamedItself(capture)));
-      if (isImage) images.push_back(i);
+      if (digests_[i].capture.kind == CaptureKind::kImage) images.push_back(i);
     }
-    if (isNamed() || request_.allPictures) return;
-    const auto age = [&](std::size_t i) {
-      return digests_[i].overview.newest.value_or(std::numeric_limits<std::int64_t>::min());
+    const auto rank = [&](std::size_t i) {
+      return std::pair(digests_[i].isPictured, digests_[i].overview.newest.value_or(
+                                                   std::numeric_limits<std::int64_t>::min()));
     };
     std::stable_sort(images.begin(), images.end(),
-                     [&](std::size_t a, std::size_t b) { return age(a) > age(b); });
+                     [&](std::size_t a, std::size_t b) { return rank(a) > rank(b); });
     images.resize(std::min(images.size(), kNewest));
-    for (const std::size_t i : images) isLarge_[i] = true;
+    return images;
+  }
+
+  /// What is named and large ones, which have pictures, have sections; so do images with findings.
+  void chooseSections() {
+    for (const Digest& digest : digests_) {
+      isLarge_.push_back(request_.allPictures || isNamedItself(digest.capture));
+    }
+    if (!isNamed()) {
+      for (const std::size_t i : newestImages()) isLarge_[i] = true;
+    }
+    for (std::size_t i = 0; i < digests_.size(); ++i) {
+      const bool isDamagedImage =
+          digests_[i].capture.kind == CaptureKind::kImage && !digests_[i].findings.empty();
+      const bool shown = isNamed() || isLarge_[i] || isDamagedImage;
+      sections_.push_back(shown ? fmt::format("c{}", i) : "");
+    }
   }
 
   void put(const char* name, const Json& data) { write_(filled(name, data)); }
@@ -130,7 +141,7 @@ class Page {
   }
 
   void writeOverview() {
-    Json findings = findingRows(digests_);
+    Json findings = findingRows(digests_, sections_);
     const std::size_t count = findings.size();
     std::string sentence = counted(count, "finding") + " in all.";
     if (count > kMostFindings) {

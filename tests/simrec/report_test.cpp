@@ -1,9 +1,11 @@
 // What a page of pictures says: its numbers, its structure, and that nothing in a capture is
 // markup.
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <png.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -384,10 +386,13 @@ TEST(ReportPage, ShowsTheNewestImagesInPictures) {
     const timespec times[] = {time, time};
     utimensat(AT_FDCWD, data.write(name, gridXml(kSquare)).c_str(), times, 0);
   }
+  // Newer, with nothing to show but a finding.
+  data.write("IMG_BURST/simulation_AE_AECData_camId[0]_ev[0].xml", "junk");
   const std::string page = pageOf(data);
   EXPECT_EQ(countOf("<h4>", page), kNewest);
-  for (const int small : {3, 4}) {
-    EXPECT_EQ(countOf(fmt::format("simrec report IMG_{}<", small), page), 1U) << small;
+  EXPECT_EQ(countOf("<section class=\"capture\"", page), kNewest + 1);
+  for (const int sound : {3, 4}) {
+    EXPECT_EQ(countOf(fmt::format(">IMG_{}</h2>", sound), page), 0U) << sound;
   }
   EXPECT_EQ(countOf("class=\"thumbnail\"", page), 5U);
   Request all = {Store(data.path()), {}};
@@ -395,7 +400,7 @@ TEST(ReportPage, ShowsTheNewestImagesInPictures) {
   std::string whole;
   EXPECT_EQ(writeReport(
                 all, [&](const std::string& piece) { whole += piece; }, [] {}),
-            5U);
+            6U);
   EXPECT_EQ(countOf("<h4>", whole), 5U);
 }
 
@@ -478,6 +483,13 @@ TEST(NewFile, AppearsWholeOrNotAtAll) {
   };
   { NewFile(path).write("half"); }
   EXPECT_EQ(contentOf(path), "old");
+  const int nameless = open(folder.path().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+  if (nameless >= 0) {  // then nothing is left even of a program that is ended
+    close(nameless);
+    NewFile draft(path);
+    draft.write("half");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1);
+  }
   fs::create_symlink(path, folder.path() + "/link");
   NewFile file(folder.path() + "/link");
   file.write("new");

@@ -57,6 +57,11 @@ function step(event, { column, row }, columns, rows) {
   return { column: clamp(column + right, columns), row: clamp(row + down, rows) };
 }
 
+/** A finger on a screen may go down without ever moving. */
+function onPointer(element, tellOf) {
+  for (const type of ['pointerdown', 'pointermove']) element.addEventListener(type, tellOf);
+}
+
 function setUpMap(map) {
   const columns = Number(map.dataset.columns);
   const rows = Number(map.dataset.rows);
@@ -76,7 +81,7 @@ function setUpMap(map) {
     tell(readout, lists, names, at.row * columns + at.column, columns);
   }
 
-  map.addEventListener('pointermove', (event) => {
+  onPointer(map, (event) => {
     const box = map.getBoundingClientRect();
     const part = (value, from, size, count) =>
       Math.max(0, Math.min(count - 1, Math.floor(((value - from) / size) * count)));
@@ -134,7 +139,7 @@ function setUpScatter(scatter) {
     tell(readout, await numbersOf(scatter.dataset.numbers), ['R/G', 'B/G'], index, columns);
   }
 
-  scatter.addEventListener('pointermove', async (event) => {
+  onPointer(scatter, async (event) => {
     const point = pointIn(svg, event);
     let nearest = 0;
     let least = Infinity;
@@ -146,12 +151,11 @@ function setUpScatter(scatter) {
     show(nearest);
   });
   scatter.addEventListener('keydown', async (event) => {
+    // At once: after a wait the page would have scrolled.
+    if (step(event, { column: 0, row: 0 }, 1, 1) === undefined) return;
+    event.preventDefault();
     const count = (await places()).length;
-    const next = step(event, { column: at, row: 0 }, count, 1);
-    if (next !== undefined) show(next.column);
-  });
-  scatter.addEventListener('keydown', (event) => {
-    if (event.key.startsWith('Arrow')) event.preventDefault();
+    show(step(event, { column: at, row: 0 }, count, 1).column);
   });
 }
 
@@ -174,7 +178,7 @@ function setUpPlot(plot) {
     tell(readout, lists, names, at, 0);
   }
 
-  plot.addEventListener('pointermove', (event) =>
+  onPointer(plot, (event) =>
     show(Math.round((pointIn(svg, event).x - first) / distance)));
   plot.addEventListener('keydown', (event) => {
     const next = step(event, { column: at, row: 0 }, Infinity, 1);
@@ -222,7 +226,12 @@ function zoomBy(how) {
     later: [low + size / 4, high + size / 4],
     reset: null,
   };
-  zoomTo(ranges[how]);
+  const range = ranges[how];
+  const [first, last] = graphs[0].extent;
+  // Within what there is, and as wide as asked for as far as that goes.
+  const wide = range && Math.min(range[1] - range[0], last - first);
+  const from = range && Math.max(first, Math.min(last - wide, range[0]));
+  zoomTo(range && [from, from + wide]);
 }
 
 function setUpGraph(element, extent) {
