@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 
 #include "simrec/error.h"
@@ -104,6 +105,9 @@ class Page {
     }
   }
 
+  /// A page of one capture tells of it alone.
+  bool isOfMany() const { return !isNamed() || digests_.size() > 1; }
+
   void put(const char* name, const Json& data) { write_(filled(name, data)); }
 
   std::string title() const {
@@ -117,8 +121,11 @@ class Page {
 
   std::string facts() const {
     const std::string count = counted(digests_.size(), "capture");
-    return isNamed() ? count + "."
-                     : fmt::format("{} in {}.", count, printable(request_.store.data()));
+    if (isNamed()) return count + ".";
+    std::error_code error;  // a page is read elsewhere than where it was made
+    const auto data = std::filesystem::absolute(request_.store.data(), error);
+    return fmt::format("{} in {}.", count,
+                       printable(error ? request_.store.data() : data.lexically_normal().string()));
   }
 
   void writeHead() {
@@ -132,6 +139,8 @@ class Page {
                       {"pageFacts", facts()},
                       {"compared", request_.compared.has_value()},
                       {"large", large},
+                      {"hasTimelines", isOfMany()},
+                      {"hasCaptures", isOfMany()},
                       {"plotHash", asset("dygraph.js").hash},
                       {"scriptHash", asset("page.js").hash},
                       {"plotStyleHash", asset("dygraph.css").hash},
@@ -148,12 +157,17 @@ class Page {
       findings.erase(findings.begin() + kMostFindings, findings.end());
       sentence += fmt::format(" The first {} are shown.", kMostFindings);
     }
-    put("overview.html", {{"hasFindings", count > 0},
-                          {"findingsSentence", sentence},
-                          {"findingList", std::move(findings)},
-                          {"timelines", timelines(digests_)},
-                          {"consistency", requestConsistency(digests_)},
-                          {"captureList", overviewRows(digests_, sections_)}});
+    put("overview.html",
+        {{"hasFindings", count > 0},
+         {"findingsSentence", sentence},
+         {"soundSentence",
+          digests_.empty() ? "There are no captures." : "No file is damaged, missing or unknown."},
+         {"hasTimelines", isOfMany()},
+         {"hasCaptures", isOfMany()},
+         {"findingList", std::move(findings)},
+         {"timelines", timelines(digests_)},
+         {"consistency", requestConsistency(digests_)},
+         {"captureList", overviewRows(digests_, sections_)}});
   }
 
   void writeCapture(const Digest& digest, const std::string& id, bool large) {

@@ -29,10 +29,13 @@ function place(index, columns) {
   return `column ${index % columns}, row ${Math.floor(index / columns)} (number ${index})`;
 }
 
+/** Lists that people know by another name. */
+const words = { qsegStatsInfo: 'label' };
+
 function tell(readout, lists, names, index, columns) {
   const values = names
     .filter((name) => lists.has(name) && index < lists.get(name).length)
-    .map((name) => `${name} ${lists.get(name)[index].replaceAll('"', '')}`);
+    .map((name) => `${words[name] ?? name} ${lists.get(name)[index].replaceAll('"', '')}`);
   readout.textContent = `${place(index, columns)}: ${values.join(', ')}`;
 }
 
@@ -207,6 +210,15 @@ function paint(looks) {
   };
 }
 
+const prefixes = [[1e12, 'T'], [1e9, 'G'], [1e6, 'M'], [1e4, 'k']];
+
+/** A number as an axis has it: "8 M" rather than 8.00e+6. */
+function axisText(value) {
+  const [factor, prefix] = prefixes.find(([from]) => Math.abs(value) >= from) ?? [1, ''];
+  const unit = prefix === 'k' ? 1000 : factor;
+  return `${Number((value / unit).toPrecision(6))}${prefix && ` ${prefix}`}`;
+}
+
 /** All graphs show the same requests; null: all there are. */
 function zoomTo(range) {
   for (const { graph, extent } of graphs) {
@@ -228,10 +240,11 @@ function zoomBy(how) {
   };
   const range = ranges[how];
   const [first, last] = graphs[0].extent;
-  // Within what there is, and as wide as asked for as far as that goes.
-  const wide = range && Math.min(range[1] - range[0], last - first);
-  const from = range && Math.max(first, Math.min(last - wide, range[0]));
-  zoomTo(range && [from, from + wide]);
+  const wide = range && range[1] - range[0];
+  // Never beyond what there is.
+  if (range === null || wide > 0.999 * (last - first)) return zoomTo(null);
+  const from = Math.max(first, Math.min(last - wide, range[0]));
+  zoomTo([from, from + wide]);
 }
 
 function setUpGraph(element, extent) {
@@ -265,7 +278,7 @@ function setUpGraph(element, extent) {
     includeZero: element.dataset.flag === 'true',
     dateWindow: extent,
     xRangePad: 4,
-    axes: { x: { valueFormatter: String, pixelsPerLabel: 60 }, y: { axisLabelWidth: 60 } },
+    axes: { x: { valueFormatter: String, pixelsPerLabel: 60 }, y: { axisLabelWidth: 60, axisLabelFormatter: axisText } },
     highlightCallback: (event, x, points, row) => show(row),
     zoomCallback: (low, high) => zoomTo(graph.isZoomed('x') ? [low, high] : null),
     interactionModel: {
