@@ -30,6 +30,7 @@ std::vector<bool> sharers(const std::vector<const std::vector<double>*>& lists) 
     }
   }
   std::vector<bool> share;
+  share.reserve(lists.size());
   for (const auto* const list : lists) share.push_back(magnitudeOf(*list) <= kWild * least);
   return share;
 }
@@ -60,6 +61,7 @@ std::string pointsOf(const std::vector<double>& values, const Range& range) {
 /// The gains along the diagonal, relative to those at the centre.
 Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
   std::vector<const std::vector<double>*> diagonals;
+  diagonals.reserve(channels.size());
   for (const ShadingChannel& channel : channels) diagonals.push_back(&channel.diagonal);
   const std::vector<bool> share = sharers(diagonals);
   const Range range = rangeOf(diagonals, share);
@@ -114,6 +116,7 @@ Json shadingView(const Record& record, Ids& ids) {
     if (value.list() != nullptr) numbers.add(value);
   }
   std::vector<const std::vector<double>*> gains;
+  gains.reserve(channels.size());
   for (const ShadingChannel& channel : channels) gains.push_back(&channel.gains.values);
   const std::vector<bool> share = sharers(gains);
   const Range range = rangeOf(gains, share);
