@@ -152,7 +152,7 @@ test('dots of the R/G-B/G plane tell their region', async () => {
       const record = records.find((each) => each.file === file);
       const readout = scatter.locator('xpath=../output');
       for (let round = 0; round < 20; ++round) {
-        await scatter.hover({ position: { x: 10 + random(300), y: 10 + random(200) } });
+        await scatter.hover({ position: { x: 10 + random(270), y: 10 + random(180) } });
         await page.waitForFunction((element) => element.textContent.includes('R/G'), await readout.elementHandle());
         const { index, values } = parse(await readout.textContent());
         for (const [name, text] of values) assert.ok(isShown(text, expected(record, name, index)), name);
