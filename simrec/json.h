@@ -27,9 +27,6 @@ Json toJson(double decimal);
 /// In ASCII alone: nothing in it is obeyed by a terminal.
 std::string dump(const Json& value);
 
-/// All numbers of a list, as an array.
-void appendNumbers(std::string& out, const NumberList& list);
-
 /// The members of `record` that have a value, as an object. Lists of more than 20 numbers as
 /// {"count","min","mean","max"} but with `lists`. Binary records begin with "size", and
 /// end with "hex" with `lists`.

@@ -1,4 +1,5 @@
-// A file that appears whole under its name, or not at all: written beside it, then renamed. What
+// A file that appears whole under its name, or not at all: written beside it, without a name
+// where the file system can, then renamed. What
 // fails throws Error, which names the file; what was there before then stays.
 #pragma once
 
@@ -24,6 +25,8 @@ class NewFile {
   std::uint64_t bytes() const { return bytes_; }
 
  private:
+  /// Gives a file without a name that of a draft.
+  bool name();
   [[noreturn]] void fail() const;
 
   std::string shown_, path_, draft_;

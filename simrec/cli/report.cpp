@@ -19,6 +19,7 @@ struct Options {
 };
 
 Status report(const Options& options) {
+  if (options.output == "-") throw Error("-o -: a page is written to a file alone");
   const Store store = options.shared.store();
   report::Request request = {store, {}};
   for (const std::string& name : options.captures) request.captures.push_back(store.find(name));

@@ -15,22 +15,26 @@ std::vector<double> listOf(const Values& values, const char* name) {
                                                       : std::vector<double>();
 }
 
+double at(const std::vector<double>& list, std::size_t region) {
+  return region < list.size() ? list[region] : kNone;
+}
+
+/// None of a list that ends before the last region.
+double totalOf(const std::vector<double>& list, std::size_t regions) {
+  if (list.size() < regions) return kNone;
+  double total = 0;
+  for (const double each : list) total += each;
+  return total;
+}
+
 /// Sums and counts of a channel.
 struct Channel {
   std::vector<double> sums, counts;
 
-  double sum(std::size_t region) const { return region < sums.size() ? sums[region] : 0; }
-  double count(std::size_t region) const { return region < counts.size() ? counts[region] : 0; }
-  double total() const {
-    double sum = 0;
-    for (const double each : sums) sum += each;
-    return sum;
-  }
-  double totalCount() const {
-    double sum = 0;
-    for (const double each : counts) sum += each;
-    return sum;
-  }
+  double sum(std::size_t region) const { return at(sums, region); }
+  double count(std::size_t region) const { return at(counts, region); }
+  double total(std::size_t regions) const { return totalOf(sums, regions); }
+  double totalCount(std::size_t regions) const { return totalOf(counts, regions); }
 };
 
 Channel channelOf(const Values& values, const char* sums, const char* counts) {
@@ -47,7 +51,12 @@ struct Channels {
       : red(channelOf(values, "RSum", "RCount")),
         blue(channelOf(values, "BSum", "BCount")),
         green(channelOf(values, "GRorGSum", "GRorGCount")),
-        otherGreen(channelOf(values, "GBSum", "GBCount")) {}
+        otherGreen(channelOf(values, "GBSum", "GBCount")) {
+    // A file may have one green alone.
+    if (!find(values, "GBSum") && !find(values, "GBCount")) {
+      otherGreen.sums = otherGreen.counts = std::vector<double>(regions(), 0);
+    }
+  }
 
   std::size_t regions() const {
     return std::max({red.sums.size(), blue.sums.size(), green.sums.size()});
@@ -64,7 +73,12 @@ struct Channels {
     return ratio(red.sum(i) + blue.sum(i) + green.sum(i) + otherGreen.sum(i), samplesAt(i));
   }
   double meanGreen() const {
-    return ratio(green.total() + otherGreen.total(), green.totalCount() + otherGreen.totalCount());
+    const std::size_t all = regions();
+    return ratio(green.total(all) + otherGreen.total(all),
+                 green.totalCount(all) + otherGreen.totalCount(all));
+  }
+  double meanOf(const Channel& channel) const {
+    return ratio(channel.total(regions()), channel.totalCount(regions()));
   }
 };
 
@@ -108,8 +122,8 @@ BayerGrid bayerGridOf(const Values& values) {
         fieldOf(grid, [&](std::size_t i) { return 1 - ratio(channels.samplesAt(i), most); });
   }
   const double green = channels.meanGreen();
-  grid.meanRedness = ratio(ratio(channels.red.total(), channels.red.totalCount()), green);
-  grid.meanBlueness = ratio(ratio(channels.blue.total(), channels.blue.totalCount()), green);
+  grid.meanRedness = ratio(channels.meanOf(channels.red), green);
+  grid.meanBlueness = ratio(channels.meanOf(channels.blue), green);
   return grid;
 }
 

@@ -39,6 +39,9 @@ const File* pictureOf(const std::vector<File>& files) {
 }
 
 void read(const Capture& capture, const std::vector<File>& files, Digest& digest) {
+  digest.isPictured = std::any_of(files.begin(), files.end(), [](const File& file) {
+    return file.isRecord() && isPictured(*file.parts->kind);
+  });
   const File* const picture = pictureOf(files);
   for (const auto& [key, file] : followedFiles(files)) {
     const Record record = readRecord(capture.path, *file);
@@ -53,7 +56,7 @@ void read(const Capture& capture, const std::vector<File>& files, Digest& digest
 }  // namespace
 
 Digest digestOf(const Capture& capture, Doctor& doctor) {
-  Digest digest = {capture, overviewOf(capture), {}, {}, {}};
+  Digest digest = {capture, overviewOf(capture), {}, {}, {}, false};
   try {
     digest.findings = doctor.examine(capture);
     read(capture, filesOf(capture), digest);

@@ -16,6 +16,7 @@ struct Digest {
   std::vector<Finding> findings;
   std::vector<Moment> moments;  ///< by camera
   std::string thumbnail;        ///< PNG in base64; empty: there is none
+  bool isPictured = false;      ///< whether a record of it is shown as a picture
 };
 
 /// Never throws for what is in the capture; a folder that can't be read is a problem of it.

@@ -53,13 +53,17 @@ Json overviewRows(const std::vector<Digest>& digests, const std::vector<std::str
   return rows;
 }
 
-Json findingRows(const std::vector<Digest>& digests) {
+Json findingRows(const std::vector<Digest>& digests, const std::vector<std::string>& sections) {
   Json rows = Json::array();
-  for (const Digest& digest : digests) {
-    for (const Finding& finding : digest.findings) {
-      Json row = findingRow(finding);
-      row["findingCapture"] = printable(digest.capture.name);
-      rows.push_back(std::move(row));
+  for (const Severity severity : {Severity::kError, Severity::kWarning, Severity::kNote}) {
+    for (std::size_t i = 0; i < digests.size(); ++i) {
+      for (const Finding& finding : digests[i].findings) {
+        if (finding.severity != severity) continue;
+        Json row = findingRow(finding);
+        row["findingCapture"] = printable(digests[i].capture.name);
+        row["findingLink"] = sections[i].empty() ? Json(false) : Json(sections[i]);
+        rows.push_back(std::move(row));
+      }
     }
   }
   return rows;

@@ -15,8 +15,8 @@ Json overviewRows(const std::vector<Digest>& digests, const std::vector<std::str
 /// A finding of a capture.
 Json findingRow(const Finding& finding);
 
-/// Every finding of every capture.
-Json findingRows(const std::vector<Digest>& digests);
+/// Every finding of every capture, errors first.
+Json findingRows(const std::vector<Digest>& digests, const std::vector<std::string>& sections);
 
 /// Graphs over requests, the table of the same numbers, and from which request on exposure had
 /// settled; false: no capture has any.

@@ -28,7 +28,9 @@ std::string summaryOf(const Map& map, const Field& field, const Extremes& extrem
         placeOf(extremes.highAt, field.columns), withUnit(rounded(extremes.low), map.unit),
         placeOf(extremes.lowAt, field.columns), rounded(extremes.mean));
   }
-  if (none > 0) text += fmt::format(" {} have no value (grey).", counted(none, "place"));
+  if (none > 0)
+    text +=
+        fmt::format(" {} {} no value (grey).", counted(none, "place"), none == 1 ? "has" : "have");
   return text;
 }
 
@@ -41,11 +43,28 @@ std::string scaleImage(const Palette& palette) {
   return base64(pngOf(picture));
 }
 
-Json scaleOf(const Range& range, const Palette& palette, const std::string& unit) {
-  return {{"scaleImage", scaleImage(palette)},
-          {"low", rounded(range.low)},
+/// The range of all values but the utmost at both ends; that of all where these are nearly one.
+Range usualRange(std::vector<double> values, const Extremes& extremes) {
+  constexpr double kUtmost = 0.02;
+  const Range all = {extremes.low, extremes.high};
+  values.erase(std::remove_if(values.begin(), values.end(),
+                              [](double each) { return !std::isfinite(each); }),
+               values.end());
+  std::sort(values.begin(), values.end());
+  const auto last = static_cast<double>(values.size() - 1);
+  const Range usual = {values[static_cast<std::size_t>(kUtmost * last)],
+                       values[static_cast<std::size_t>(std::ceil((1 - kUtmost) * last))]};
+  return usual.low < usual.high ? usual : all;
+}
+
+/// An end beyond which there are values has a sign.
+Json scaleOf(const Range& range, const Extremes& extremes, const Map& map) {
+  const char* const below = extremes.low < range.low ? "\xE2\x89\xA4 " : "";
+  const char* const above = extremes.high > range.high ? "\xE2\x89\xA5 " : "";
+  return {{"scaleImage", scaleImage(*map.palette)},
+          {"low", below + rounded(range.low)},
           {"middle", rounded((range.low + range.high) / 2)},
-          {"high", withUnit(rounded(range.high), unit)}};
+          {"high", above + withUnit(rounded(range.high), map.unit)}};
 }
 
 Json bareFigure(const Map& map, const Field& shape, const std::string& summary) {
@@ -95,9 +114,11 @@ Json figure(const Map& map, const Field& field, const Numbers& numbers) {
   const Extremes extremes = extremesOf(field.values);
   Json json = bareFigure(map, field, summaryOf(map, field, extremes));
   if (!field.isDrawable() || extremes.isFlat()) return json;
-  const Range range = map.range.value_or(Range{extremes.low, extremes.high});
+  const Range own =
+      map.leavesOutliers ? usualRange(field.values, extremes) : Range{extremes.low, extremes.high};
+  const Range range = map.range.value_or(own);
   json["png"] = base64(pngOf(field, range, *map.palette));
-  json["scale"] = scaleOf(range, *map.palette, map.unit);
+  json["scale"] = scaleOf(range, extremes, map);
   json["numbersId"] = numbers.id();
   return json;
 }
@@ -111,7 +132,8 @@ Json plainFigure(const Map& map, std::size_t columns, std::size_t rows, const st
 }
 
 std::string thumbnailOf(const Field& red, const Field& green, const Field& blue) {
-  if (!green.isDrawable()) return "";
+  const auto isThere = [](const Field& field) { return extremesOf(field.values).count > 0; };
+  if (!green.isDrawable() || !isThere(red) || !isThere(green) || !isThere(blue)) return "";
   const double brightest = extremesOf(green.values).high;
   // Balanced to grey, and as bright as a screen wants it.
   const auto scaled = [&](const Field& field) {

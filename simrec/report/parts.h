@@ -57,6 +57,7 @@ struct Map {
   std::string lists;  ///< names of the lists in its numbers that are read out, blanks between
   const Palette* palette = &sequentialPalette();
   std::optional<Range> range = {};  ///< else all of its own values
+  bool leavesOutliers = false;      ///< the ends stand for the utmost 2 % as well
 };
 
 /// A field as a figure with its scale. One that has no shape, or the same number everywhere, is

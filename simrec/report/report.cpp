@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 
 #include "simrec/error.h"
@@ -72,26 +73,40 @@ class Page {
                        [&](const Capture& each) { return each.path == capture.path; });
   }
 
-  /// Of images and what is named; large ones have pictures.
-  void chooseSections() {
+  /// The newest images, those first that have a picture to show.
+  std::vector<std::size_t> newestImages() const {
     std::vector<std::size_t> images;
     for (std::size_t i = 0; i < digests_.size(); ++i) {
-      const Capture& capture = digests_[i].capture;
-      const bool isImage = capture.kind == CaptureKind::kImage;
-      const bool shown = isNamed() || isImage || request_.allPictures;
-      sections_.push_back(shown ? fmt::format("c{}", i) : "");
-      isLarge_.push_back(shown && (request_.allPictures || isNamedItself(capture)));
-      if (isImage) images.push_back(i);
+      if (digests_[i].capture.kind == CaptureKind::kImage) images.push_back(i);
     }
-    if (isNamed() || request_.allPictures) return;
-    const auto age = [&](std::size_t i) {
-      return digests_[i].overview.newest.value_or(std::numeric_limits<std::int64_t>::min());
+    const auto rank = [&](std::size_t i) {
+      return std::pair(digests_[i].isPictured, digests_[i].overview.newest.value_or(
+                                                   std::numeric_limits<std::int64_t>::min()));
     };
     std::stable_sort(images.begin(), images.end(),
-                     [&](std::size_t a, std::size_t b) { return age(a) > age(b); });
+                     [&](std::size_t a, std::size_t b) { return rank(a) > rank(b); });
     images.resize(std::min(images.size(), kNewest));
-    for (const std::size_t i : images) isLarge_[i] = true;
+    return images;
   }
+
+  /// What is named and large ones, which have pictures, have sections; so do images with findings.
+  void chooseSections() {
+    for (const Digest& digest : digests_) {
+      isLarge_.push_back(request_.allPictures || isNamedItself(digest.capture));
+    }
+    if (!isNamed()) {
+      for (const std::size_t i : newestImages()) isLarge_[i] = true;
+    }
+    for (std::size_t i = 0; i < digests_.size(); ++i) {
+      const bool isDamagedImage =
+          digests_[i].capture.kind == CaptureKind::kImage && !digests_[i].findings.empty();
+      const bool shown = isNamed() || isLarge_[i] || isDamagedImage;
+      sections_.push_back(shown ? fmt::format("c{}", i) : "");
+    }
+  }
+
+  /// A page of one capture tells of it alone.
+  bool isOfMany() const { return !isNamed() || digests_.size() > 1; }
 
   void put(const char* name, const Json& data) { write_(filled(name, data)); }
 
@@ -106,8 +121,11 @@ class Page {
 
   std::string facts() const {
     const std::string count = counted(digests_.size(), "capture");
-    return isNamed() ? count + "."
-                     : fmt::format("{} in {}.", count, printable(request_.store.data()));
+    if (isNamed()) return count + ".";
+    std::error_code error;  // a page is read elsewhere than where it was made
+    const auto data = std::filesystem::absolute(request_.store.data(), error);
+    return fmt::format("{} in {}.", count,
+                       printable(error ? request_.store.data() : data.lexically_normal().string()));
   }
 
   void writeHead() {
@@ -121,6 +139,8 @@ class Page {
                       {"pageFacts", facts()},
                       {"compared", request_.compared.has_value()},
                       {"large", large},
+                      {"hasTimelines", isOfMany()},
+                      {"hasCaptures", isOfMany()},
                       {"plotHash", asset("dygraph.js").hash},
                       {"scriptHash", asset("page.js").hash},
                       {"plotStyleHash", asset("dygraph.css").hash},
@@ -130,19 +150,24 @@ class Page {
   }
 
   void writeOverview() {
-    Json findings = findingRows(digests_);
+    Json findings = findingRows(digests_, sections_);
     const std::size_t count = findings.size();
     std::string sentence = counted(count, "finding") + " in all.";
     if (count > kMostFindings) {
       findings.erase(findings.begin() + kMostFindings, findings.end());
       sentence += fmt::format(" The first {} are shown.", kMostFindings);
     }
-    put("overview.html", {{"hasFindings", count > 0},
-                          {"findingsSentence", sentence},
-                          {"findingList", std::move(findings)},
-                          {"timelines", timelines(digests_)},
-                          {"consistency", requestConsistency(digests_)},
-                          {"captureList", overviewRows(digests_, sections_)}});
+    put("overview.html",
+        {{"hasFindings", count > 0},
+         {"findingsSentence", sentence},
+         {"soundSentence",
+          digests_.empty() ? "There are no captures." : "No file is damaged, missing or unknown."},
+         {"hasTimelines", isOfMany()},
+         {"hasCaptures", isOfMany()},
+         {"findingList", std::move(findings)},
+         {"timelines", timelines(digests_)},
+         {"consistency", requestConsistency(digests_)},
+         {"captureList", overviewRows(digests_, sections_)}});
   }
 
   void writeCapture(const Digest& digest, const std::string& id, bool large) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "simrec/report/lens_shading.h"
 #include "simrec/report/views.h"
@@ -12,11 +13,34 @@ namespace {
 
 constexpr double kChartWidth = 360, kChartHeight = 200;
 
-/// One scale for all channels.
-Range rangeOf(const std::vector<ShadingChannel>& channels) {
+/// A channel this many times beyond the least one would leave nothing to see of the others.
+constexpr double kWild = 10;
+
+double magnitudeOf(const std::vector<double>& values) {
+  const Extremes extremes = extremesOf(values);
+  return std::max(std::fabs(extremes.low), std::fabs(extremes.high));
+}
+
+/// The lists that share a scale: a wild one has nothing of the others' size.
+std::vector<bool> sharers(const std::vector<const std::vector<double>*>& lists) {
+  double least = std::numeric_limits<double>::infinity();
+  for (const auto* const list : lists) {
+    if (const double magnitude = magnitudeOf(*list); magnitude > 0) {
+      least = std::min(least, magnitude);
+    }
+  }
+  std::vector<bool> share;
+  share.reserve(lists.size());
+  for (const auto* const list : lists) share.push_back(magnitudeOf(*list) <= kWild * least);
+  return share;
+}
+
+/// From the lowest to the highest of those that share a scale.
+Range rangeOf(const std::vector<const std::vector<double>*>& lists,
+              const std::vector<bool>& share) {
   std::vector<double> all;
-  for (const ShadingChannel& channel : channels) {
-    all.insert(all.end(), channel.gains.values.begin(), channel.gains.values.end());
+  for (std::size_t i = 0; i < lists.size(); ++i) {
+    if (share[i]) all.insert(all.end(), lists[i]->begin(), lists[i]->end());
   }
   const Extremes extremes = extremesOf(all);
   return {extremes.low, extremes.high};
@@ -36,18 +60,20 @@ std::string pointsOf(const std::vector<double>& values, const Range& range) {
 
 /// The gains along the diagonal, relative to those at the centre.
 Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
-  std::vector<double> all;
-  for (const ShadingChannel& channel : channels) {
-    all.insert(all.end(), channel.diagonal.begin(), channel.diagonal.end());
-  }
-  const Extremes extremes = extremesOf(all);
-  if (extremes.isFlat()) return false;
-  const Range range = {extremes.low, extremes.high};
+  std::vector<const std::vector<double>*> diagonals;
+  diagonals.reserve(channels.size());
+  for (const ShadingChannel& channel : channels) diagonals.push_back(&channel.diagonal);
+  const std::vector<bool> share = sharers(diagonals);
+  const Range range = rangeOf(diagonals, share);
+  if (!(range.low < range.high)) return false;
   Json lines = Json::array();
-  std::string lists;
+  std::string lists, wild;
   std::size_t steps = 1;
-  for (const ShadingChannel& channel : channels) {
+  for (std::size_t i = 0; i < channels.size(); ++i) {
+    const ShadingChannel& channel = channels[i];
     if (channel.diagonal.size() < 2) continue;
+    if (!share[i]) wild += (wild.empty() ? "" : ", ") + std::string(channel.name);
+    if (!share[i] || extremesOf(channel.diagonal).count == 0) continue;
     numbers.add(channel.name, tokensOf(channel.diagonal));
     lists += (lists.empty() ? "" : " ") + std::string(channel.name);
     steps = channel.diagonal.size() - 1;
@@ -56,6 +82,7 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
   return {{"lines", lines},
           {"chartNumbers", numbers.id()},
           {"chartLists", lists},
+          {"chartWild", wild.empty() ? Json(false) : Json(wild)},
           {"chartStep", kChartWidth / static_cast<double>(steps)},
           {"chartHeight", kChartHeight},
           {"chartLow", rounded(range.low)},
@@ -69,7 +96,7 @@ Json fallOffTable(const std::vector<ShadingChannel>& channels) {
     std::vector<Json> cells = {cell(rounded(channel.center))};
     for (const double corner : channel.corners) cells.push_back(cell(rounded(corner)));
     cells.push_back(cell(rounded(channel.meanCorner() / channel.center)));
-    cells.push_back(cell(percentage(channel.lost())));
+    cells.push_back(cell(std::isfinite(channel.lost()) ? percentage(channel.lost()) : "none"));
     rows.push_back(row(channel.name, std::move(cells)));
   }
   return table("Fall-off: gains at the centre and in the corners",
@@ -88,11 +115,16 @@ Json shadingView(const Record& record, Ids& ids) {
   for (const Value& value : record.values) {
     if (value.list() != nullptr) numbers.add(value);
   }
-  const Range range = rangeOf(channels);
-  for (const ShadingChannel& channel : channels) {
+  std::vector<const std::vector<double>*> gains;
+  gains.reserve(channels.size());
+  for (const ShadingChannel& channel : channels) gains.push_back(&channel.gains.values);
+  const std::vector<bool> share = sharers(gains);
+  const Range range = rangeOf(gains, share);
+  for (std::size_t i = 0; i < channels.size(); ++i) {
+    const ShadingChannel& channel = channels[i];
     Map map = {fmt::format("{} gain", channel.name), "",
                fmt::format("the gain of channel {} over the frame", channel.name), channel.member};
-    map.range = range;
+    if (share[i]) map.range = range;
     view["figures"].push_back(figure(map, channel.gains, numbers));
   }
   view["tables"].push_back(fallOffTable(channels));

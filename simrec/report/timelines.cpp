@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <map>
@@ -91,7 +92,7 @@ Json graphOf(const Points& points, std::size_t quantity) {
   const Json data = {{"labels", labels}, {"looks", looks}, {"rows", rows}};
   return {{"graphTitle", meaning.title},
           {"graphUnit", meaning.unit},
-          {"graphFlag", meaning.isFlag},
+          {"graphFlag", meaning.isFlag ? "true" : "false"},
           {"graphSummary", counted(values.size(), "request")},
           {"graphData", dump(data)}};
 }
@@ -106,30 +107,61 @@ Json seriesKey(const Points& points) {
   return key;
 }
 
-/// Of one camera: from which request on exposure had settled for good.
-Json settledRow(const std::optional<int>& camera, const Points& points) {
-  std::optional<std::int64_t> settled, last, lastUnsettled;
-  std::size_t changes = 0;
-  bool before = false;
+/// What exposure of one camera did over its requests.
+struct Settling {
+  std::optional<std::int64_t> first, since, lastUnsettled;  ///< requests that tell
+  std::size_t changes = 0, untold = 0;
+  std::size_t gap = 0;  ///< requests that don't tell, just before `since`
+};
+
+Settling settlingOf(const std::optional<int>& camera, const Points& points) {
+  Settling found;
+  std::size_t gap = 0;
   for (const auto& [request, point] : points) {
+    if (point.moment->camera != camera) continue;
     const auto& value = point.moment->values[kSettled];
-    if (point.moment->camera != camera || !value) continue;
-    const bool now = *value != 0;
-    if (last && now != before) ++changes;
-    if (now && (!last || !before)) settled = request;
-    if (!now) {
-      settled.reset();
-      lastUnsettled = request;
+    if (!value) {
+      ++found.untold;
+      ++gap;
+      continue;
     }
-    before = now;
-    last = request;
+    const bool now = *value != 0;
+    if (found.first && now != found.since.has_value()) ++found.changes;
+    if (!found.first) found.first = request;
+    if (!now) {
+      found.since.reset();
+      found.lastUnsettled = request;
+    } else if (!found.since) {
+      found.since = request;
+      found.gap = gap;
+    }
+    gap = 0;
   }
-  if (!last) return nullptr;
-  return row(nameOf(camera),
-             {cell(settled ? fmt::format("request {}", *settled) : "not settled at the end",
-                   !settled.has_value()),
-              cell(lastUnsettled ? fmt::format("request {}", *lastUnsettled) : "none"),
-              cell(std::to_string(changes))});
+  return found;
+}
+
+/// From which request on exposure had settled for good, or what can't be told.
+std::string wordsFor(const Settling& settling) {
+  if (!settling.since) return "not settled at the end";
+  std::string text = settling.since == settling.first
+                         ? fmt::format("from the first one on (request {})", *settling.since)
+                         : fmt::format("request {}", *settling.since);
+  if (settling.gap > 0) {
+    text += fmt::format(", or earlier: {} before it {} not tell", counted(settling.gap, "request"),
+                        settling.gap == 1 ? "does" : "do");
+  }
+  return text;
+}
+
+Json settledRow(const std::optional<int>& camera, const Points& points) {
+  const Settling settling = settlingOf(camera, points);
+  if (!settling.first) return nullptr;
+  return row(
+      nameOf(camera),
+      {cell(wordsFor(settling), !settling.since),
+       cell(settling.lastUnsettled ? fmt::format("request {}", *settling.lastUnsettled) : "none"),
+       cell(std::to_string(settling.changes)),
+       cell(std::to_string(settling.untold), settling.untold > 0)});
 }
 
 Json settledTable(const Points& points) {
@@ -140,8 +172,10 @@ Json settledTable(const Points& points) {
     if (Json row = settledRow(camera, points); !row.is_null()) rows.push_back(std::move(row));
   }
   if (rows.empty()) return false;
-  return table("When exposure settled",
-               {"Camera", "Settled from", "Last one not settled", "Changes"}, std::move(rows));
+  return table(
+      "When exposure settled",
+      {"Camera", "Settled from", "Last one not settled", "Changes", "Requests without a value"},
+      std::move(rows));
 }
 
 /// The same numbers to read.
@@ -180,18 +214,65 @@ std::vector<std::string> inconsistencies(const std::vector<const Moment*>& momen
   return found;
 }
 
+bool anyHas(const std::vector<const Moment*>& moments, std::size_t quantity) {
+  return std::any_of(moments.begin(), moments.end(),
+                     [&](const Moment* moment) { return moment->values[quantity].has_value(); });
+}
+
+/// How many quantities at least two of them have.
+std::size_t commonOf(const std::vector<const Moment*>& moments) {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < kQuantities; ++i) {
+    count += kQuantityRows[i].isCompared && spreadOf(moments, i) ? 1 : 0;
+  }
+  return count;
+}
+
+/// What some of them have and others not: "camera 1 lacks lux index, short gain".
+std::string lacks(const std::vector<const Moment*>& moments) {
+  std::vector<std::string> found;
+  for (const Moment* const moment : moments) {
+    std::vector<std::string> missing;
+    std::size_t own = 0;
+    for (std::size_t i = 0; i < kQuantities; ++i) {
+      if (!kQuantityRows[i].isCompared) continue;
+      own += moment->values[i] ? 1 : 0;
+      if (!moment->values[i] && anyHas(moments, i)) missing.push_back(inSentence(kQuantityRows[i]));
+    }
+    if (own == 0) {
+      found.push_back(nameOf(moment->camera) + " has no values");
+    } else if (!missing.empty()) {
+      found.push_back(nameOf(moment->camera) + " lacks " + sentenceFor(missing));
+    }
+  }
+  std::string text;
+  for (const std::string& each : found) text += (text.empty() ? "" : "; ") + each;
+  return text;
+}
+
 std::string verdictOf(const std::vector<const Moment*>& moments) {
   const std::vector<std::string> differing = inconsistencies(moments);
   std::string cameras;
   for (const Moment* const moment : moments) {
     cameras += (cameras.empty() ? "" : " and ") + std::to_string(*moment->camera);
   }
-  if (differing.empty()) {
-    return fmt::format("Cameras {} are consistent: no quantity differs by more than {:.0f} %.",
+  const std::string lacking = lacks(moments);
+  const std::size_t common = commonOf(moments);
+  if (common == 0) return fmt::format("Cameras {} cannot be compared: {}.", cameras, lacking);
+  std::string text;
+  if (!differing.empty()) {
+    text = fmt::format("Cameras {} are not consistent: they differ (by more than {:.0f} %) in {}",
+                       cameras, 100 * kConsistent, sentenceFor(differing));
+  } else if (lacking.empty()) {
+    text = fmt::format("Cameras {} are consistent: no quantity differs by more than {:.0f} %",
                        cameras, 100 * kConsistent);
+  } else {
+    text = fmt::format(
+        "Cameras {} are consistent in what they have in common, {}: "
+        "nothing differs by more than {:.0f} %",
+        cameras, counted(common, "value"), 100 * kConsistent);
   }
-  return fmt::format("Cameras {} are not consistent: they differ in {}.", cameras,
-                     sentenceFor(differing));
+  return text + (lacking.empty() ? "." : "; " + lacking + ".");
 }
 
 /// Those of cameras.
@@ -208,11 +289,14 @@ Json comparisonRows(const std::vector<const Moment*>& moments) {
   for (std::size_t i = 0; i < kQuantities; ++i) {
     const Quantity& quantity = kQuantityRows[i];
     const auto spread = spreadOf(moments, i);
-    if (!quantity.isCompared || !spread) continue;
+    if (!quantity.isCompared || !anyHas(moments, i)) continue;
     std::vector<Json> cells;
     cells.reserve(moments.size() + 1);
-    for (const Moment* const moment : moments) cells.push_back(cell(valueText(moment->values[i])));
-    cells.push_back(cell(fmt::format("{:.3g} %", 100 * *spread), *spread > kConsistent));
+    for (const Moment* const moment : moments) {
+      cells.push_back(cell(valueText(moment->values[i]), !moment->values[i]));
+    }
+    cells.push_back(spread ? cell(fmt::format("{:.3g} %", 100 * *spread), *spread > kConsistent)
+                           : cell("-", true));
     rows.push_back(row(quantity.title, std::move(cells)));
   }
   return rows;
@@ -242,7 +326,6 @@ Json cameraComparison(const std::vector<Moment>& moments) {
   const std::vector<const Moment*> cameras = camerasOf(moments);
   if (cameras.size() < 2) return false;
   Json rows = comparisonRows(cameras);
-  if (rows.empty()) return false;
   std::vector<std::string> head = {"Quantity"};
   for (const Moment* const moment : cameras) {
     head.push_back(fmt::format("Camera {}", *moment->camera));
@@ -256,7 +339,8 @@ Json cameraComparison(const std::vector<Moment>& moments) {
     }
   }
   return {{"verdicts", verdicts},
-          {"comparisonTable", table("Cameras beside each other", head, std::move(rows))}};
+          {"comparisonTable",
+           rows.empty() ? Json(false) : table("Cameras beside each other", head, std::move(rows))}};
 }
 
 Json requestConsistency(const std::vector<Digest>& digests) {
@@ -268,23 +352,35 @@ Json requestConsistency(const std::vector<Digest>& digests) {
     }
   }
   Json rows = Json::array();
-  std::size_t several = 0;
+  std::size_t several = 0, consistent = 0, partly = 0;
   for (const auto& [request, moments] : requests) {
     if (moments.size() < 2) continue;
     ++several;
     const std::vector<std::string> differing = inconsistencies(moments);
-    if (!differing.empty()) {
-      rows.push_back(row(std::to_string(request), {cell(sentenceFor(differing), true)}));
+    const std::string lacking = lacks(moments);
+    if (differing.empty() && lacking.empty()) {
+      ++consistent;
+      continue;
     }
+    const bool comparable = commonOf(moments) > 0;
+    if (differing.empty() && comparable) ++partly;
+    rows.push_back(
+        row(std::to_string(request),
+            {cell(comparable ? sentenceFor(differing) : "cannot be compared", !differing.empty()),
+             cell(lacking)}));
   }
   if (several == 0) return false;
-  const std::size_t count = rows.size();
-  return {{"consistencySentence",
-           fmt::format("{} with several cameras: those of {} are consistent within {:.0f} %.",
-                       counted(several, "request"), several - count, 100 * kConsistent)},
-          {"consistencyTable", count == 0 ? Json(false)
-                                          : table("Requests whose cameras are not consistent",
-                                                  {"Request", "Differ in"}, std::move(rows))}};
+  std::string sentence =
+      fmt::format("{} with several cameras: those of {} are consistent within {:.0f} %",
+                  counted(several, "request"), consistent, 100 * kConsistent);
+  if (partly > 0) sentence += fmt::format(", those of {} only in what they have in common", partly);
+  return {{"consistencySentence", sentence + "."},
+          {"consistencyTable", rows.empty()
+                                   ? Json(false)
+                                   : table(fmt::format("Requests whose cameras are not consistent "
+                                                       "(more than {:.0f} %), or lack values",
+                                                       100 * kConsistent),
+                                           {"Request", "Differ in", "Lacking"}, std::move(rows))}};
 }
 
 }  // namespace simrec::report

@@ -9,9 +9,9 @@ export function launch() {
 }
 
 /** A page of a file. `said` has what stood on the console, `asked` what was asked of others. */
-export async function open(browser, file, { width = 1280, colorScheme = 'light' } = {}) {
+export async function open(browser, file, { width = 1280, colorScheme = 'light', hasTouch = false } = {}) {
   // A Content-Security-Policy holds for what tests put into the page, too: it is told of separately.
-  const context = await browser.newContext({ viewport: { width, height: 900 }, colorScheme });
+  const context = await browser.newContext({ viewport: { width, height: 900 }, colorScheme, hasTouch });
   const page = await context.newPage();
   const said = [];
   const asked = [];

@@ -33,6 +33,7 @@ function lumaOf(values, index, columns) {
 /** The number called `name` at a place of a picture. */
 export function expected(record, name, index, columns) {
   const { values } = record;
+  if (name === 'label') return values.qsegStatsInfo[index];
   if (Array.isArray(values[name])) return values[name][index];
   if (name === 'Y') return lumaOf(values, index, columns);
   return regionOf(values, index)[name];

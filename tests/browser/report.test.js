@@ -152,7 +152,7 @@ test('dots of the R/G-B/G plane tell their region', async () => {
       const record = records.find((each) => each.file === file);
       const readout = scatter.locator('xpath=../output');
       for (let round = 0; round < 20; ++round) {
-        await scatter.hover({ position: { x: 10 + random(300), y: 10 + random(200) } });
+        await scatter.hover({ position: { x: 10 + random(270), y: 10 + random(180) } });
         await page.waitForFunction((element) => element.textContent.includes('R/G'), await readout.elementHandle());
         const { index, values } = parse(await readout.textContent());
         for (const [name, text] of values) assert.ok(isShown(text, expected(record, name, index)), name);
@@ -204,15 +204,56 @@ test('timelines zoom and reset, all together', async () => {
     assert.equal(new Set(zoomed).size, 1);
     await page.mouse.dblclick(box.x + box.width / 2, box.y + box.height / 2);
     assert.deepEqual(await ranges(), all);
-    for (const how of ['Zoom in', 'Zoom out', 'Earlier', 'Later']) {
-      await page.getByRole('button', { name: how }).click();
-      assert.notDeepEqual(await ranges(), all, how);
-      await page.getByRole('button', { name: 'Reset zoom' }).click();
+    const press = (name) => page.getByRole('button', { name }).click();
+    for (const how of ['Zoom out', 'Earlier', 'Later']) {
+      await press(how);
+      assert.deepEqual(await ranges(), all, `${how}, where there is nothing more`);
+      await press('Zoom in');
+      const near = await ranges();
+      assert.notDeepEqual(near, all);
+      await press(how);
+      assert.notDeepEqual(await ranges(), near, how);
+      await press('Reset zoom');
       assert.deepEqual(await ranges(), all);
     }
     await page.mouse.move(box.x + box.width / 2, box.y + box.height / 2);
     assert.match(await graph.locator('xpath=../output').textContent(), /^request \d+, camera/);
   });
+});
+
+test('a flag is drawn from 0 on, as steps', async () => {
+  await onEach(['overview'], async (page) => {
+    const flags = await page.evaluate(() => graphs
+      .filter(({ graph }) => graph.getOption('stepPlot')).map(({ graph }) => graph.yAxisRange()[0]));
+    assert.equal(flags.length, 1);
+    assert.ok(flags[0] <= 0);
+  });
+});
+
+test('a finger that goes down reads out, and End does not scroll', async () => {
+  const { page, close } = await open(browser, files.one, { hasTouch: true });
+  for (const selector of ['.map', '.scatter', '.plot']) {
+    const picture = page.locator(selector).first();
+    await picture.tap();
+    await page.waitForFunction((element) => element.textContent.includes('number '),
+      await picture.locator('xpath=../output').elementHandle());
+    await picture.focus();
+    const before = await page.evaluate(() => scrollY);
+    for (const key of ['PageDown', 'End']) await page.keyboard.press(key);
+    await page.waitForTimeout(200);
+    assert.equal(await page.evaluate(() => scrollY), before, selector);
+  }
+  await close();
+});
+
+test('on paper all is light', async () => {
+  const { page, close } = await open(browser, files.one, { colorScheme: 'dark' });
+  await page.getByRole('button', { name: 'Dark or light' }).click();
+  await page.getByRole('button', { name: 'Dark or light' }).click();
+  await page.emulateMedia({ media: 'print' });
+  assert.equal(await page.evaluate(() => getComputedStyle(document.body).backgroundColor),
+    'rgb(255, 255, 255)');
+  await close();
 });
 
 test('the keyboard reaches everything and moves in it', async () => {

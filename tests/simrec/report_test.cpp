@@ -1,9 +1,11 @@
 // What a page of pictures says: its numbers, its structure, and that nothing in a capture is
 // markup.
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <png.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -96,6 +98,18 @@ TEST(ReportGrid, RatiosAreThoseOfMeansAndNoneWhereNothingWasCounted) {
   EXPECT_DOUBLE_EQ(grid.left.values[2], 1 - 35.0 / 40);
 }
 
+TEST(ReportGrid, ADamagedListHasNoValuesRatherThanZeros) {
+  const TempFolder folder;
+  std::string damaged = gridXml(kSquare);
+  damaged.replace(damaged.find("100 200 300 0"), 13, "nan");
+  const BayerGrid grid = bayerGridOf(recordIn(folder, kGridFile, damaged).values);
+  EXPECT_EQ(extremesOf(grid.redness.values).count, 0U);
+  EXPECT_EQ(extremesOf(grid.level.values).count, 0U);
+  EXPECT_EQ(extremesOf(grid.blueness.values).count, 3U);
+  EXPECT_TRUE(std::isnan(grid.meanRedness));
+  EXPECT_DOUBLE_EQ(grid.meanBlueness, (150 / 25.0) / (800.0 / 60));
+}
+
 TEST(ReportGrid, AShapeThatDoesNotFitGivesNoMap) {
   const TempFolder folder;
   for (const char* const shape :
@@ -119,6 +133,19 @@ TEST(ReportShading, FallOffIsWhatTheCornersLose) {
   ASSERT_EQ(channels[0].diagonal.size(), 17U);
   EXPECT_DOUBLE_EQ(channels[0].diagonal[0], 2.5);
   EXPECT_DOUBLE_EQ(channels[0].diagonal[8], 1);
+}
+
+TEST(ReportShading, AWildGainSpoilsNoOtherChannel) {
+  const TempFolder folder;
+  for (const char* const wild : {"1e38", "nan"}) {
+    Ids ids;
+    std::string xml = shadingXml();
+    xml.replace(xml.find("<rGain>2.5 "), 11, fmt::format("<rGain>{} ", wild));
+    const Json view = viewOf(recordIn(folder, kShadingFile, xml), {}, ids);
+    EXPECT_EQ(view["figures"][1]["scale"]["high"], "2.5") << wild;
+    EXPECT_EQ(view["chart"]["chartHigh"], "2.5") << wild;
+    EXPECT_EQ(view.dump().find("nan %"), std::string::npos);
+  }
 }
 
 /// The picture as red, green and blue of each pixel.
@@ -307,9 +334,48 @@ TEST(ReportPage, TellsWhenExposureSettledAndWhichCamerasDisagree) {
   const std::string page = pageOf(data);
   EXPECT_NE(page.find("camera 0</th><td>request 11</td><td>request 10</td><td>2</td>"),
             std::string::npos);
+  EXPECT_EQ(countOf("data-flag=\"true\"", page), 1U);
   EXPECT_NE(page.find("not settled at the end</td><td>request 13</td>"), std::string::npos);
   EXPECT_NE(page.find("lux index by 33.3 %, exposure settled</td>"), std::string::npos);
   EXPECT_NE(page.find("those of 3 are consistent within 10 %"), std::string::npos);  // 8, 9, 10
+}
+
+TEST(ReportPage, WhatADamagedFileLeavesOpenIsNoVerdict) {
+  const TempFolder data;
+  const auto damage = [&](int request, int camera, const char* file) {
+    data.write(fmt::format("tmp/RequestID[{0}]_camId[{1}]/simulation_{2}", request, camera,
+                           fmt::format(file, camera)),
+               "junk");
+  };
+  constexpr char kSettledFile[] = "AWB_AECData_camId[{}].xml";
+  for (int request = 8; request < 13; ++request) {
+    addRequest(data, request, 0, true, 100);
+    addRequest(data, request, 1, request > 8, 100);
+  }
+  damage(9, 1, kSettledFile);
+  damage(12, 1, kSettledFile);
+  damage(12, 1, "AE_AECData_camId[{}]_ev[0].xml");
+  const std::string page = pageOf(data);
+  for (const char* const part :
+       {"<td>from the first one on (request 8)</td><td>none</td><td>0</td><td>0</td>",
+        "<td>request 10, or earlier: 1 request before it does not tell</td><td>request 8</td>",
+        "those of 2 are consistent within 10 %, those of 1 only in what they have in common.",
+        "<td>camera 1 lacks exposure settled</td>",
+        "<td>cannot be compared</td><td>camera 1 has no values</td>"}) {
+    EXPECT_NE(page.find(part), std::string::npos) << part;
+  }
+  const auto verdictOf = [](const std::vector<Moment>& moments) {
+    return cameraComparison(moments)["verdicts"][0].get<std::string>();
+  };
+  Quantities values;
+  values[0] = 100;
+  EXPECT_EQ(verdictOf({{0, 8, values}, {1, 8, {}}}),
+            "Cameras 0 and 1 cannot be compared: camera 1 has no values.");
+  Quantities more = values;
+  more[1] = 2;
+  EXPECT_EQ(verdictOf({{0, 8, more}, {1, 8, values}}),
+            "Cameras 0 and 1 are consistent in what they have in common, 1 value: nothing differs "
+            "by more than 10 %; camera 1 lacks short gain.");
 }
 
 TEST(ReportPage, ShowsTheNewestImagesInPictures) {
@@ -320,10 +386,13 @@ TEST(ReportPage, ShowsTheNewestImagesInPictures) {
     const timespec times[] = {time, time};
     utimensat(AT_FDCWD, data.write(name, gridXml(kSquare)).c_str(), times, 0);
   }
+  // Newer, with nothing to show but a finding.
+  data.write("IMG_BURST/simulation_AE_AECData_camId[0]_ev[0].xml", "junk");
   const std::string page = pageOf(data);
   EXPECT_EQ(countOf("<h4>", page), kNewest);
-  for (const int small : {3, 4}) {
-    EXPECT_EQ(countOf(fmt::format("simrec report IMG_{}<", small), page), 1U) << small;
+  EXPECT_EQ(countOf("<section class=\"capture\"", page), kNewest + 1);
+  for (const int sound : {3, 4}) {
+    EXPECT_EQ(countOf(fmt::format(">IMG_{}</h2>", sound), page), 0U) << sound;
   }
   EXPECT_EQ(countOf("class=\"thumbnail\"", page), 5U);
   Request all = {Store(data.path()), {}};
@@ -331,7 +400,7 @@ TEST(ReportPage, ShowsTheNewestImagesInPictures) {
   std::string whole;
   EXPECT_EQ(writeReport(
                 all, [&](const std::string& piece) { whole += piece; }, [] {}),
-            5U);
+            6U);
   EXPECT_EQ(countOf("<h4>", whole), 5U);
 }
 
@@ -363,9 +432,15 @@ TEST(ReportPage, SetsTwoCapturesSideBySide) {
   std::string changed = shadingXml();
   changed.replace(changed.find("<rGain>2.5 "), 11, "<rGain>5 ");
   data.write(std::string("IMG_2/") + kShadingFile, changed);
+  data.write("IMG_2/simulation_AWB_FaceROI_camId[0].bin", std::string(1784, '\0'));
   const std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
   EXPECT_NE(page.find("1 of 221 places differ, most by 2.5 at column 0, row 0"), std::string::npos);
   EXPECT_EQ(countOf("<figcaption>", page), 3U);  // R alone differs
+  const std::size_t answer = page.find("<h3>2 of 2 records differ</h3>");
+  EXPECT_LT(answer, page.find("<h3>Side by side</h3>"));
+  EXPECT_NE(page.find("<td>rGain</td><td>1 of 221 (", answer), std::string::npos);
+  EXPECT_EQ(countOf("FaceROI_camId[0].bin</th><td>B</td>", page), 1U);
+  EXPECT_EQ(countOf(">only in ", page), 0U);
   EXPECT_EQ(countOf("<figcaption>", pageOf(data, {}, {"IMG_1", "IMG_1"})), 0U);
 }
 
@@ -403,7 +478,7 @@ TEST(ReportPage, DamagedAndMissingFilesAreTold) {
                                  "class=\"finding\"><strong class=\"warning\">"}) {
     EXPECT_NE(page.find(part), std::string::npos) << part;
   }
-  EXPECT_EQ(countOf("</section>", page), 4U);
+  EXPECT_EQ(countOf("</section>", page), 2U);
 }
 
 TEST(NewFile, AppearsWholeOrNotAtAll) {
@@ -414,6 +489,13 @@ TEST(NewFile, AppearsWholeOrNotAtAll) {
   };
   { NewFile(path).write("half"); }
   EXPECT_EQ(contentOf(path), "old");
+  const int nameless = open(folder.path().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+  if (nameless >= 0) {  // then nothing is left even of a program that is ended
+    close(nameless);
+    NewFile draft(path);
+    draft.write("half");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1);
+  }
   fs::create_symlink(path, folder.path() + "/link");
   NewFile file(folder.path() + "/link");
   file.write("new");

@@ -29,10 +29,13 @@ function place(index, columns) {
   return `column ${index % columns}, row ${Math.floor(index / columns)} (number ${index})`;
 }
 
+/** Lists that people know by another name. */
+const words = { qsegStatsInfo: 'label' };
+
 function tell(readout, lists, names, index, columns) {
   const values = names
     .filter((name) => lists.has(name) && index < lists.get(name).length)
-    .map((name) => `${name} ${lists.get(name)[index].replaceAll('"', '')}`);
+    .map((name) => `${words[name] ?? name} ${lists.get(name)[index].replaceAll('"', '')}`);
   readout.textContent = `${place(index, columns)}: ${values.join(', ')}`;
 }
 
@@ -57,6 +60,11 @@ function step(event, { column, row }, columns, rows) {
   return { column: clamp(column + right, columns), row: clamp(row + down, rows) };
 }
 
+/** A finger on a screen may go down without ever moving. */
+function onPointer(element, tellOf) {
+  for (const type of ['pointerdown', 'pointermove']) element.addEventListener(type, tellOf);
+}
+
 function setUpMap(map) {
   const columns = Number(map.dataset.columns);
   const rows = Number(map.dataset.rows);
@@ -76,7 +84,7 @@ function setUpMap(map) {
     tell(readout, lists, names, at.row * columns + at.column, columns);
   }
 
-  map.addEventListener('pointermove', (event) => {
+  onPointer(map, (event) => {
     const box = map.getBoundingClientRect();
     const part = (value, from, size, count) =>
       Math.max(0, Math.min(count - 1, Math.floor(((value - from) / size) * count)));
@@ -134,7 +142,7 @@ function setUpScatter(scatter) {
     tell(readout, await numbersOf(scatter.dataset.numbers), ['R/G', 'B/G'], index, columns);
   }
 
-  scatter.addEventListener('pointermove', async (event) => {
+  onPointer(scatter, async (event) => {
     const point = pointIn(svg, event);
     let nearest = 0;
     let least = Infinity;
@@ -146,12 +154,11 @@ function setUpScatter(scatter) {
     show(nearest);
   });
   scatter.addEventListener('keydown', async (event) => {
+    // At once: after a wait the page would have scrolled.
+    if (step(event, { column: 0, row: 0 }, 1, 1) === undefined) return;
+    event.preventDefault();
     const count = (await places()).length;
-    const next = step(event, { column: at, row: 0 }, count, 1);
-    if (next !== undefined) show(next.column);
-  });
-  scatter.addEventListener('keydown', (event) => {
-    if (event.key.startsWith('Arrow')) event.preventDefault();
+    show(step(event, { column: at, row: 0 }, count, 1).column);
   });
 }
 
@@ -174,7 +181,7 @@ function setUpPlot(plot) {
     tell(readout, lists, names, at, 0);
   }
 
-  plot.addEventListener('pointermove', (event) =>
+  onPointer(plot, (event) =>
     show(Math.round((pointIn(svg, event).x - first) / distance)));
   plot.addEventListener('keydown', (event) => {
     const next = step(event, { column: at, row: 0 }, Infinity, 1);
@@ -203,6 +210,15 @@ function paint(looks) {
   };
 }
 
+const prefixes = [[1e12, 'T'], [1e9, 'G'], [1e6, 'M'], [1e4, 'k']];
+
+/** A number as an axis has it: "8 M" rather than 8.00e+6. */
+function axisText(value) {
+  const [factor, prefix] = prefixes.find(([from]) => Math.abs(value) >= from) ?? [1, ''];
+  const unit = prefix === 'k' ? 1000 : factor;
+  return `${Number((value / unit).toPrecision(6))}${prefix && ` ${prefix}`}`;
+}
+
 /** All graphs show the same requests; null: all there are. */
 function zoomTo(range) {
   for (const { graph, extent } of graphs) {
@@ -222,7 +238,13 @@ function zoomBy(how) {
     later: [low + size / 4, high + size / 4],
     reset: null,
   };
-  zoomTo(ranges[how]);
+  const range = ranges[how];
+  const [first, last] = graphs[0].extent;
+  const wide = range && range[1] - range[0];
+  // Never beyond what there is.
+  if (range === null || wide > 0.999 * (last - first)) return zoomTo(null);
+  const from = Math.max(first, Math.min(last - wide, range[0]));
+  zoomTo([from, from + wide]);
 }
 
 function setUpGraph(element, extent) {
@@ -256,7 +278,7 @@ function setUpGraph(element, extent) {
     includeZero: element.dataset.flag === 'true',
     dateWindow: extent,
     xRangePad: 4,
-    axes: { x: { valueFormatter: String, pixelsPerLabel: 60 }, y: { axisLabelWidth: 60 } },
+    axes: { x: { valueFormatter: String, pixelsPerLabel: 60 }, y: { axisLabelWidth: 60, axisLabelFormatter: axisText } },
     highlightCallback: (event, x, points, row) => show(row),
     zoomCallback: (low, high) => zoomTo(graph.isZoomed('x') ? [low, high] : null),
     interactionModel: {
