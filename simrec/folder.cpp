@@ -18,14 +18,14 @@ std::int64_t modified(const struct stat& status) {
 }
 
 Folder::Folder(const std::string& path) : path_(path), folder_(opendir(path.c_str())) {
-  if (folder_ == nullptr) throw Error(path + ": " + std::strerror(errno));
+  if (folder_ == nullptr) throw FolderError(path, std::strerror(errno));
 }
 
 const char* Folder::next() {
   do {
     errno = 0;
     entry_ = readdir(folder_.get());
-    if (entry_ == nullptr && errno != 0) throw Error(path_ + ": " + std::strerror(errno));
+    if (entry_ == nullptr && errno != 0) throw FolderError(path_, std::strerror(errno));
     if (entry_ == nullptr) return nullptr;
   } while (std::string_view(entry_->d_name) == "." || std::string_view(entry_->d_name) == "..");
   return entry_->d_name;

@@ -8,10 +8,20 @@
 #include <memory>
 #include <string>
 
+#include "simrec/error.h"
+
 namespace simrec {
 
 /// Of the last change, in nanoseconds since 1970; what does not fit is as early or late as does.
 std::int64_t modified(const struct stat& status);
+
+/// The folder at `path` can't be read.
+class FolderError : public Error {
+ public:
+  FolderError(const std::string& itsPath, const std::string& why)
+      : Error(itsPath + ": " + why), path(itsPath) {}
+  std::string path;
+};
 
 class Folder {
  public:

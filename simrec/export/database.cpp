@@ -1,5 +1,9 @@
 #include "simrec/export/database.h"
 
+#include <fmt/format.h>
+
+#include <cctype>
+
 #include "simrec/error.h"
 
 namespace simrec {
@@ -9,6 +13,17 @@ namespace {
   if (database == nullptr) throw Error("there is not enough memory");
   const char* const path = sqlite3_db_filename(database, nullptr);
   throw Error(std::string(path != nullptr ? path : "") + ": " + sqlite3_errmsg(database));
+}
+
+/// A name of the file that takes options.
+std::string uriOf(const std::string& path) {
+  std::string uri = "file:";
+  for (const char character : path) {
+    const bool plain = std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '/';
+    uri += plain ? std::string(1, character)
+                 : fmt::format("%{:02x}", static_cast<unsigned char>(character));
+  }
+  return uri;
 }
 
 }  // namespace
@@ -32,10 +47,12 @@ void Statement::check(int result) const {
   if (result != SQLITE_OK) fail(sqlite3_db_handle(statement_.get()));
 }
 
-Database::Database(const std::string& path, bool readOnly) {
+Database::Database(const std::string& path, Use use) {
   sqlite3* database = nullptr;
-  const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-  const int result = sqlite3_open_v2(path.c_str(), &database, flags, nullptr);
+  const bool reads = use == Use::kRead;
+  const std::string uri = uriOf(path) + (reads ? "?immutable=1" : "");
+  const int flags = reads ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  const int result = sqlite3_open_v2(uri.c_str(), &database, flags | SQLITE_OPEN_URI, nullptr);
   database_.reset(database);
   if (result != SQLITE_OK) fail(database);
 }

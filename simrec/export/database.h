@@ -27,6 +27,11 @@ class Statement {
                               SQLITE_UTF8));
   }
 
+  void bindBlob(int parameter, std::string_view bytes) {
+    check(sqlite3_bind_blob64(statement_.get(), parameter, bytes.data(), bytes.size(),
+                              SQLITE_STATIC));
+  }
+
   /// Runs it once. True when there is a row.
   bool run();
 
@@ -41,8 +46,12 @@ class Statement {
 
 class Database {
  public:
-  /// Made when it is missing and not `readOnly`. Throws Error, as all that follows.
-  Database(const std::string& path, bool readOnly);
+  enum class Use {
+    kWrite,  ///< made when it is missing
+    kRead,   ///< nobody writes it meanwhile: nothing is made beside it
+  };
+  /// Throws Error, as all that follows.
+  Database(const std::string& path, Use use);
 
   void run(const std::string& sql);
   Statement prepare(const std::string& sql) { return {database_.get(), sql}; }

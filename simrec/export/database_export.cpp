@@ -26,7 +26,7 @@ using Result = DatabaseExport::Result;
 
 /// What a database of this program says of itself, with lists and without.
 constexpr int kApplication = 0x73696D72;
-constexpr int versionOf(bool lists) { return lists ? 2 : 1; }
+constexpr int versionOf(bool lists) { return lists ? 4 : 3; }
 
 /// The number that stands there in a database's head.
 int numberInHead(const std::string& head, std::size_t at) {
@@ -54,7 +54,8 @@ std::string headOfDatabase(const std::string& place) {
     throw Error(place + " is no export: choose another file");
   }
   for (const char* beside : {"-journal", "-wal"}) {
-    if (fs::exists(place + beside, error)) throw Error(place + " is in use: " + beside + " exists");
+    const std::uintmax_t bytes = fs::file_size(place + beside, error);
+    if (!error && bytes > 0) throw Error(place + " is in use: " + beside + " exists");
   }
   return head.substr(kVersion, 4);
 }
@@ -68,9 +69,14 @@ class Encoder {
     result_.insertions.push_back({statement, result_.parameters.size(), 0});
   }
 
+  void addBytes(std::string_view bytes) {
+    Parameter& parameter = next();
+    addText(parameter, bytes);
+    parameter.is = Parameter::Is::kBytes;
+  }
+
   void add(const Cell& cell) {
-    ++result_.insertions.back().count;
-    Parameter& parameter = result_.parameters.emplace_back();
+    Parameter& parameter = next();
     switch (cell.is) {
       case Cell::Is::kNull:
         return;
@@ -101,6 +107,11 @@ class Encoder {
   }
 
  private:
+  Parameter& next() {
+    ++result_.insertions.back().count;
+    return result_.parameters.emplace_back();
+  }
+
   void addText(Parameter& parameter, std::string_view text) {
     parameter.is = Parameter::Is::kText;
     parameter.begin = result_.texts.size();
@@ -144,6 +155,15 @@ Cell numberAt(const NumberList* list, std::size_t index) {
       list->values);
 }
 
+void addTaken(const Capture& capture, const File& file, std::size_t statement, Encoder& encoder) {
+  encoder.begin(statement);
+  encoder.add(Cell::ofText(file.parts->kind->name));
+  encoder.addBytes(capture.name);
+  encoder.addBytes(file.name);
+  encoder.add(Cell::ofSigned(file.modified));
+  encoder.add(Cell::ofSigned(static_cast<std::int64_t>(file.bytes)));
+}
+
 void addFallOff(const Row& row, std::size_t statement, Encoder& encoder) {
   encoder.begin(statement);
   for (const char* list : kFallOffLists) encoder.add(fallOff(row, list));
@@ -176,6 +196,8 @@ void bindParameter(Statement& statement, int at, const Parameter& parameter,
       return statement.bind(at, parameter.real);
     case Parameter::Is::kText:
       return statement.bind(at, texts.substr(parameter.begin, parameter.size));
+    case Parameter::Is::kBytes:
+      return statement.bindBlob(at, texts.substr(parameter.begin, parameter.size));
   }
 }
 
@@ -189,19 +211,17 @@ DatabaseExport::DatabaseExport(const ExportWishes& wishes)
   const std::string standing = headOfDatabase(draft_.place());
   const bool append = !standing.empty() && wishes.append;
   if (append && numberInHead(standing, 0) != versionOf(wishes.lists)) {
-    throw Error(draft_.place() + " has other columns (--lists): nothing can be appended");
+    throw Error(draft_.place() +
+                " has other columns (--lists, or another version): nothing can be appended");
   }
   if (append) {
     const fs::path place = draft_.place(), copy = draft_.path();
     copyFile(Directory(place.parent_path().string()), place.filename().string(),
              Directory(copy.parent_path().string()), copy.filename().string());
-    older_.emplace(draft_.place(), true);
-    for (const Table& table : tables_) {
-      knows_.push_back(older_->prepare(std::string("SELECT 1 FROM ") + table.kind->name +
-                                       " WHERE capture = ? AND file = ? AND modified IS ?"));
-    }
+    older_.emplace(draft_.place(), Database::Use::kRead);
+    knows_.emplace(older_->prepare(kFileIsTaken));
   }
-  database_.emplace(draft_.path(), false);
+  database_.emplace(draft_.path(), Database::Use::kWrite);
   begin(append);
 }
 
@@ -221,24 +241,18 @@ void DatabaseExport::begin(bool append) {
     inserts_.push_back(database_->prepare("INSERT INTO " + table + " VALUES (" + marks + ")"));
   };
   for (const Table& table : tables_) prepare(table.kind->name, table.columns.size());
+  inserts_.push_back(database_->prepare(kTakeFile));
   prepare(kFallOffTable, 1 + std::size(kFallOffLists));
   if (tables_.front().lists) prepare(kRegionTable, 3 + std::size(kRegionLists));
 }
 
 bool DatabaseExport::isNew(const Capture& capture, const File& file) {
   if (!older_) return true;
-  Statement& knows =
-      knows_[static_cast<std::size_t>(file.parts->kind - catalogue::kinds().begin())];
-  const std::string captureName = asUtf8(capture.name), fileName = asUtf8(file.name);
-  const std::string modified = utcTime(file.modified);
-  knows.bind(1, captureName);
-  knows.bind(2, fileName);
-  if (file.hasTime()) {
-    knows.bind(3, modified);
-  } else {
-    knows.bind(3);
-  }
-  return !knows.run();
+  knows_->bindBlob(1, capture.name);
+  knows_->bindBlob(2, file.name);
+  knows_->bind(3, file.modified);
+  knows_->bind(4, static_cast<std::int64_t>(file.bytes));
+  return !knows_->run();
 }
 
 DatabaseExport::Result DatabaseExport::read(const Batch& batch) const {
@@ -253,10 +267,11 @@ DatabaseExport::Result DatabaseExport::read(const Batch& batch) const {
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       if (!row.table->columns[i].list || tables_[index].lists) encoder.add(row.cells[i]);
     }
+    addTaken(*batch.capture, file, tables_.size(), encoder);
     const std::string_view kind = row.table->kind->name;
-    if (kind == kShading) addFallOff(row, tables_.size(), encoder);
+    if (kind == kShading) addFallOff(row, tables_.size() + 1, encoder);
     const bool grid = kind == kGrid || kind == kOfflineGrid;
-    if (grid && tables_[index].lists) addRegions(row, tables_.size() + 1, encoder);
+    if (grid && tables_[index].lists) addRegions(row, tables_.size() + 2, encoder);
   }
   return result;
 }
@@ -279,7 +294,7 @@ void DatabaseExport::write(const Result& result) {
 void DatabaseExport::finish() {
   if (!appending_) database_->run(sqlForIndexes(tables_));
   database_->run("COMMIT");
-  knows_.clear();
+  knows_.reset();
   inserts_.clear();
   older_.reset();
   database_->close();

@@ -17,12 +17,12 @@ class DatabaseExport {
  public:
   /// What a statement gets for one parameter. A text is a piece of the batch's.
   struct Parameter {
-    enum class Is : std::uint8_t { kNull, kInteger, kReal, kText } is = Is::kNull;
-    std::uint32_t size = 0;  ///< of the text
+    enum class Is : std::uint8_t { kNull, kInteger, kReal, kText, kBytes } is = Is::kNull;
+    std::uint32_t size = 0;  ///< of the text or bytes
     union {
       std::int64_t integer = 0;
       double real;
-      std::size_t begin;  ///< of the text
+      std::size_t begin;  ///< of them
     };
   };
   /// A row to insert; one of another table than the kinds' gets the row of the record before it
@@ -54,7 +54,7 @@ class DatabaseExport {
   std::vector<Table> readTables_;  ///< the same, with the lists that views need
   bool appending_ = false;
   std::optional<Database> older_;     ///< what is appended to, as it stands
-  std::vector<Statement> knows_;      ///< whether it has a record; by table
+  std::optional<Statement> knows_;    ///< whether it has a file
   std::optional<Database> database_;  ///< the new one
   std::vector<Statement> inserts_;    ///< by table, then those of the other tables
 };

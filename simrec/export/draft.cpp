@@ -19,8 +19,13 @@ constexpr char kNew[] = "new", kOld[] = "old";
 
 /// The path without the links in it; what is missing must be its last name.
 std::string resolved(const std::string& place) {
+  if (place.empty()) throw Error("a place without a name can't be written to");
   std::error_code error;
-  fs::path path = fs::weakly_canonical(fs::absolute(place), error);
+  if (fs::is_symlink(fs::symlink_status(place, error)) && !fs::exists(place, error)) {
+    throw Error(place + ": a link to nowhere");
+  }
+  fs::path path = fs::absolute(place, error);
+  if (!error) path = fs::weakly_canonical(path, error);
   if (error) throw Error(place + ": " + error.message());
   if (!path.has_filename()) path = path.parent_path();
   if (!path.has_filename()) throw Error(place + ": can't be replaced");

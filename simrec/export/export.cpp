@@ -1,7 +1,14 @@
 #include "simrec/export/export.h"
 
-#include <algorithm>
+#include <sys/stat.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <set>
+#include <utility>
+
+#include "simrec/error.h"
 #include "simrec/export/database_export.h"
 #include "simrec/export/folder_export.h"
 #include "simrec/table/batches.h"
@@ -36,7 +43,7 @@ void writeAll(Batches& batches, Writer& writer, ExportCounts& counts,
 }
 
 template <typename Writer>
-ExportCounts exportWith(Batches::Source captures, const ExportWishes& wishes,
+ExportCounts exportWith(Batches::Source captures, const ExportWishes& wishes, bool named,
                         const std::function<void()>& step) {
   Writer writer(wishes);
   ExportCounts counts;
@@ -44,6 +51,7 @@ ExportCounts exportWith(Batches::Source captures, const ExportWishes& wishes,
     return writer.isNew(capture, file);
   };
   const auto tell = [&](const Capture&, const std::string& why) {
+    if (named) throw Error(why);
     constexpr std::size_t kMostTroubles = 10;
     if (counts.troubles.size() < kMostTroubles) {
       counts.troubles.push_back(why);
@@ -58,20 +66,33 @@ ExportCounts exportWith(Batches::Source captures, const ExportWishes& wishes,
 }
 
 template <typename Captures>
-ExportCounts exportFrom(const Captures& captures, const ExportWishes& wishes,
+ExportCounts exportFrom(const Captures& captures, const ExportWishes& wishes, bool named,
                         const std::function<void()>& step) {
   const Batches::Source source = [&captures, next = std::size_t{0}]() mutable {
     return next < captures.size() ? std::optional(captures[next++]) : std::nullopt;
   };
   switch (wishes.format) {
     case ExportFormat::kJsonLines:
-      return exportWith<FolderExport<JsonLines>>(source, wishes, step);
+      return exportWith<FolderExport<JsonLines>>(source, wishes, named, step);
     case ExportFormat::kCsv:
-      return exportWith<FolderExport<CsvLines>>(source, wishes, step);
+      return exportWith<FolderExport<CsvLines>>(source, wishes, named, step);
     case ExportFormat::kSqlite:
       break;
   }
-  return exportWith<DatabaseExport>(source, wishes, step);
+  return exportWith<DatabaseExport>(source, wishes, named, step);
+}
+
+/// By the first of its names.
+void leaveEachFolderOnce(std::vector<Capture>& captures) {
+  std::set<std::pair<dev_t, ino_t>> seen;
+  const auto again = [&](const Capture& capture) {
+    struct stat status = {};
+    if (stat(capture.path.c_str(), &status) != 0) {
+      throw Error(capture.path + ": " + std::strerror(errno));
+    }
+    return !seen.emplace(status.st_dev, status.st_ino).second;
+  };
+  captures.erase(std::remove_if(captures.begin(), captures.end(), again), captures.end());
 }
 
 }  // namespace
@@ -90,17 +111,16 @@ const char* nameOf(ExportFormat format) {
 
 ExportCounts exportTables(std::vector<Capture> captures, const ExportWishes& wishes,
                           const std::function<void()>& step) {
+  leaveEachFolderOnce(captures);
   std::sort(captures.begin(), captures.end(),
             [](const Capture& a, const Capture& b) { return a.name < b.name; });
-  const auto same = [](const Capture& a, const Capture& b) { return a.name == b.name; };
-  captures.erase(std::unique(captures.begin(), captures.end(), same), captures.end());
-  return exportFrom(captures, wishes, step);
+  return exportFrom(captures, wishes, true, step);
 }
 
 ExportCounts exportTables(CaptureList captures, const ExportWishes& wishes,
                           const std::function<void()>& step) {
   captures.sortByName();
-  return exportFrom(captures, wishes, step);
+  return exportFrom(captures, wishes, false, step);
 }
 
 }  // namespace simrec

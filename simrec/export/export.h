@@ -34,11 +34,12 @@ struct ExportCounts {
 
 /// Takes all records of the captures, in the order of the captures' names. `step` is called once
 /// for each capture that was read, by one thread at a time. What stood at `out` is replaced once
-/// all is written; it must be an export of this format, or nothing. Throws Error.
+/// all is written; it must be an export of this format, or nothing. A folder that several of them
+/// are is taken once. Throws Error, also for a capture that can't be looked into.
 ExportCounts exportTables(std::vector<Capture> captures, const ExportWishes& wishes,
                           const std::function<void()>& step);
 
-/// The same of all captures of a data folder.
+/// The same of all captures of a data folder; those that can't be looked into are told.
 ExportCounts exportTables(CaptureList captures, const ExportWishes& wishes,
                           const std::function<void()>& step);
 

@@ -14,24 +14,26 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Whether there is an export. Throws Error where there is anything that should not be replaced.
-bool isExport(const std::string& place, const PartFiles& parts) {
+bool isExport(const std::string& place, const PartFiles& parts, const std::string& format) {
   std::error_code error;
   const fs::file_status status = fs::status(place, error);
   if (!fs::exists(status)) return false;
   if (!fs::is_directory(status)) throw Error(place + ": no folder");
+  const std::string head = readExportHead(place);
+  if (!head.empty() && head != headOfExportLog(format, false) &&
+      head != headOfExportLog(format, true)) {
+    throw Error(place + " is an export of another format: choose another folder");
+  }
   bool any = false;
-  for (const auto& entry : fs::recursive_directory_iterator(place, error)) {
+  forEachBelow(place, [&](const fs::directory_entry& entry) {
     any = true;
-    if (entry.is_directory() && !entry.is_symlink()) continue;
+    if (entry.is_directory() && !entry.is_symlink()) return;
     const std::string name = entry.path().lexically_relative(place).string();
-    if (entry.is_regular_file() && (name == kExportLog || parts.knows(name))) continue;
+    if (entry.is_regular_file() && (name == kExportLog || parts.knows(name))) return;
     throw Error(fmt::format("{} holds {}, which is no part of an export: choose another folder",
                             place, name));
-  }
-  if (error) throw Error(place + ": " + error.message());
-  if (any && readExportHead(place).empty()) {
-    throw Error(place + " is no export: choose another folder");
-  }
+  });
+  if (any && head.empty()) throw Error(place + " is no export: choose another folder");
   return any;
 }
 
@@ -44,7 +46,7 @@ FolderExport<Lines>::FolderExport(const ExportWishes& wishes)
       lines_(tables_.begin(), tables_.end()),
       parts_(draft_.path(), nameOf(wishes.format)) {
   const std::string head = headOfExportLog(nameOf(wishes.format), wishes.lists);
-  const bool older = isExport(draft_.place(), parts_) && wishes.append;
+  const bool older = isExport(draft_.place(), parts_, nameOf(wishes.format)) && wishes.append;
   if (older && readExportHead(draft_.place()) != head) {
     throw Error(draft_.place() + " has other columns (--lists): nothing can be appended");
   }

@@ -38,6 +38,9 @@ void makeFolder(const std::string& path) {
   if (error) throw Error(path + ": " + error.message());
 }
 
+/// No export has as many parts as this.
+constexpr int kMostParts = 1'000'000'000;
+
 /// The number of the part that is called so; none: it is no part.
 std::optional<int> partNumber(std::string_view name, std::string_view extension) {
   if (name.substr(0, kPart.size()) != kPart) return std::nullopt;
@@ -45,12 +48,22 @@ std::optional<int> partNumber(std::string_view name, std::string_view extension)
   const char* const end = name.data() + name.size();
   const auto [rest, error] = std::from_chars(name.data() + kPart.size(), end, number);
   const std::string_view left(rest, static_cast<std::size_t>(end - rest));
-  const bool is = error == std::errc() && number >= 0 && left.substr(0, 1) == "." &&
-                  left.substr(1) == extension;
+  const bool is = error == std::errc() && number >= 0 && number < kMostParts &&
+                  left.substr(0, 1) == "." && left.substr(1) == extension;
   return is ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
+
+void forEachBelow(const std::string& folder,
+                  const std::function<void(const fs::directory_entry&)>& visit) {
+  try {
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) visit(entry);
+  } catch (const fs::filesystem_error& error) {
+    const std::string& path = error.path1().string();
+    throw Error((path.empty() ? folder : path) + ": " + error.code().message());
+  }
+}
 
 void PartFiles::begin(const std::vector<Table>& tables) const {
   for (const Table& table : tables) {
@@ -75,9 +88,9 @@ bool PartFiles::knows(const std::string& name) const {
 }
 
 void PartFiles::share(const std::string& folder) {
-  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+  forEachBelow(folder, [&](const fs::directory_entry& entry) {
     const auto number = partNumber(entry.path().filename().string(), extension_);
-    if (!number || !entry.is_regular_file()) continue;
+    if (!number || !entry.is_regular_file()) return;
     const std::string partition = entry.path().parent_path().lexically_relative(folder).string();
     const fs::path target = fs::path(folder_) / partition / entry.path().filename();
     makeFolder(target.parent_path().string());
@@ -87,7 +100,7 @@ void PartFiles::share(const std::string& folder) {
     if (error) throw Error(target.string() + ": " + error.message());
     Part& part = parts_[partition];
     part.number = std::max(part.number, *number + 1);
-  }
+  });
 }
 
 void PartFiles::add(const Table& table, std::optional<int> camera, const std::string& head,

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -12,6 +14,10 @@
 #include "simrec/table/table.h"
 
 namespace simrec {
+
+/// Visits all that is in a folder and the folders in it. Throws Error.
+void forEachBelow(const std::string& folder,
+                  const std::function<void(const std::filesystem::directory_entry&)>& visit);
 
 class PartFiles {
  public:

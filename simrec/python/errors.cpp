@@ -1,6 +1,7 @@
 #include "simrec/python/errors.h"
 
 #include "simrec/error.h"
+#include "simrec/folder.h"
 #include "simrec/python/conversion.h"
 #include "simrec/text.h"
 
@@ -15,8 +16,9 @@ PyObject* notFoundType = nullptr;
 
 constexpr char kErrorDoc[] =
     "What keeps a record, a capture or a data folder from being read.\n\n"
-    "The message names it. ``file`` is the path of the record's file (None where no single file\n"
-    "is at fault) and ``problems`` is what is wrong with it, in words.";
+    "The message names it. ``file`` is the path of the record's file, or of the folder that can't "
+    "be\n"
+    "read (None where neither is at fault), and ``problems`` is what is wrong with it, in words.";
 constexpr char kNotFoundDoc[] = "There is no such capture, or no such record in the capture.";
 
 PyObject* newType(py::module_& module, const char* name, const char* doc, const py::object& bases) {
@@ -51,6 +53,8 @@ void translate(std::exception_ptr thrown) {  // NOLINT: pybind11 calls it so
     raise(error);
   } catch (const NotFound& error) {
     raise(notFoundType, error);
+  } catch (const FolderError& error) {
+    raise(FileError(error.what(), error.path, {}));
   } catch (const Error& error) {
     raise(errorType, error);
   }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -124,18 +125,16 @@ py::list readAll(const Capture& capture, const Query& query, bool strict) {
 
 /// "AE_AECData", or that and a camera.
 Query queryFor(const py::object& key) {
-  Query query;
-  if (py::isinstance<py::str>(key)) {
-    query.kind = &kindFor(key.cast<std::string>());
-    return query;
+  try {
+    if (py::isinstance<py::str>(key)) return {&kindFor(key.cast<std::string>())};
+    if (py::isinstance<py::tuple>(key) && py::len(key) == 2) {
+      const auto [kind, camera] = key.cast<std::pair<std::string, int>>();
+      return {&kindFor(kind), camera};
+    }
+  } catch (const py::cast_error&) {
+    // Neither text nor a number that a camera can have.
   }
-  if (!py::isinstance<py::tuple>(key) || py::len(key) != 2) {
-    throw py::type_error("a record is named by its kind, or by (kind, camera)");
-  }
-  const auto [kind, camera] = key.cast<std::pair<std::string, int>>();
-  query.kind = &kindFor(kind);
-  query.camera = camera;
-  return query;
+  throw py::type_error("a record is named by its kind, or by (kind, camera)");
 }
 
 py::object recordsAt(const Capture& capture, const py::object& key) {
@@ -300,6 +299,12 @@ void addCapture(py::module_& module) {
             return !filesFor(capture, queryFor(key)).empty();
           },
           py::arg("key"))
+      .def(
+          "__eq__",
+          [](const Capture& capture, const Capture& other) { return capture.path == other.path; },
+          py::is_operator())
+      .def("__hash__",
+           [](const Capture& capture) { return std::hash<std::string>()(capture.path); })
       .def("__iter__",
            [](const Capture&) -> py::object {
              throw py::type_error("a capture is no sequence: its records() are a list");
@@ -382,6 +387,16 @@ void addCapture(py::module_& module) {
           "changes in it; else None");
 }
 
+/// Whether there is a capture of that name, and it is the one, if any.
+bool has(const Store& store, const std::string& name, const Capture* one) {
+  try {
+    const Capture found = store.find(name);
+    return one == nullptr || found.path == one->path;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
 void addStore(py::module_& module) {
   py::class_<CaptureIterator>(module, "_CaptureIterator", py::module_local())
       .def("__iter__", [](py::object self) { return self; })
@@ -414,6 +429,21 @@ void addStore(py::module_& module) {
             }
           },
           py::arg("name"), "The capture of that name, or of a path with a '/' to any folder.")
+      .def(
+          "__contains__",
+          [](const Store& store, const Capture& capture) {
+            const py::gil_scoped_release unlocked;
+            return has(store, capture.name, &capture);
+          },
+          py::arg("capture"))
+      .def(
+          "__contains__",
+          [](const Store& store, const py::object& name) {
+            const std::string bytes = fromPython(name);
+            const py::gil_scoped_release unlocked;
+            return has(store, bytes, nullptr);
+          },
+          py::arg("name"), "Whether there is a capture of that name, or this one.")
       .def("__repr__",
            [](const Store& store) { return "<simrec.Store " + printable(store.data()) + ">"; })
       .def(

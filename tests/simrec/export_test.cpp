@@ -268,7 +268,11 @@ TEST_F(Exports, AppendTakesWhatIsNew) {
       EXPECT_EQ(
           textOf(out(format),
                  "SELECT count(*), count(DISTINCT capture || file), count(problem) FROM records"),
-          "33|32|9|\n");
+          "32|32|9|\n");
+      EXPECT_EQ(textOf(out(format),
+                       "SELECT count(*), sum(records) FROM captures, AWB_OTPData "
+                       "WHERE captures.capture = AWB_OTPData.capture"),
+                "25|100|\n");
     }
     EXPECT_THROW(run(format, true, true), Error);  // other columns
     EXPECT_EQ(picture(out(format)), after);
@@ -281,6 +285,84 @@ TEST_F(Exports, AppendTakesWhatIsNew) {
     for (const char* gone : {"IMG_7", "IMG_8"}) fs::remove_all(folder.path() + "/data/" + gone);
     addCapture(3);
   }
+}
+
+/// Another content of the same size, at another time or the same one.
+void change(const fs::path& path, char digit, std::time_t time) {
+  std::string content = contentOf(path);
+  for (char& each : content) each = each == '7' || each == '8' ? digit : each;
+  std::ofstream(path, std::ios::binary) << content;
+  const timespec times[2] = {{time, 0}, {time, 0}};
+  utimensat(AT_FDCWD, path.c_str(), times, 0);
+}
+
+TEST_F(Exports, OfChangedFilesHaveOneRowInViews) {
+  const std::string data = folder.path() + "/data/";
+  fs::remove_all(data);
+  const char* const files[] = {"AE_AECData_camId[0]_ev[0]", "AWB_AECData_camId[0]",
+                               "AWB_OTPData_camId[0]",      "AWB_ParsedAWBStatsOutput_p_camId[0]",
+                               "LSC[a]_index[0]_ev[0]",     "ZOAWB_SpectralSensorInfo"};
+  for (const char* file : files) {
+    folder.write(
+        std::string("data/IMG_0/simulation_") + file + ".xml",
+        "<SimulationData><LuxIndex>8</LuxIndex><AWBBGStats horizontal_num=\"1\"><RSum>8 "
+        "</RSum></AWBBGStats><AWBAlgoExposureInformation luxIndex=\"8\"/></SimulationData>");
+  }
+  run(ExportFormat::kSqlite, false, true);
+  for (const char digit : {'7', '6'}) {  // the second time an older file comes back
+    for (const char* file : files) {
+      change(data + "IMG_0/simulation_" + file + ".xml", digit, digit);
+    }
+    EXPECT_EQ(run(ExportFormat::kSqlite, true, true).rows, std::size(files));
+  }
+  const std::string database = out(ExportFormat::kSqlite);
+  for (const auto& [sql, expected] : {std::pair{"SELECT LuxIndex FROM exposure", "6.0|\n"},
+                                      {"SELECT luxIndex FROM white_balance", "6.0|\n"},
+                                      {"SELECT RSum FROM regions", "6|\n"},
+                                      {"SELECT count(*) FROM shading", "1|\n"},
+                                      {"SELECT records, problems FROM captures", "6|6|\n"},
+                                      {"SELECT count(*) FROM AE_AECData", "3|\n"}}) {
+    EXPECT_EQ(textOf(database, sql), expected) << sql;
+  }
+}
+
+TEST_F(Exports, AppendKnowsFilesByTheirBytes) {
+  for (const ExportFormat format : kFormats) {
+    run(format);
+    for (const char* name : {"q\xff", "q\xfe"}) {
+      fs::copy(folder.path() + "/data/IMG_0", folder.path() + "/data/" + name);
+      for (const auto& entry : fs::directory_iterator(folder.path() + "/data/" + name)) {
+        change(entry.path(), '6', 1);
+      }
+      EXPECT_EQ(run(format, true).rows, 4U) << nameOf(format);
+    }
+    const std::string longer = std::string("data/q\xff/") + kAec;
+    folder.write(longer, "<x/>");
+    change(folder.path() + "/" + longer, '6', 1);  // another size at the same time
+    EXPECT_EQ(run(format, true).rows, 1U) << nameOf(format);
+    for (const char* name : {"q\xff", "q\xfe"}) fs::remove_all(folder.path() + "/data/" + name);
+  }
+}
+
+TEST_F(Exports, GoToDatabasesThatHaveALogBesideThem) {
+  run(ExportFormat::kSqlite);
+  const std::string odd = folder.path() + "/a%20?#b.db";
+  fs::rename(out(ExportFormat::kSqlite), odd);
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(odd.c_str(), &database), SQLITE_OK);
+  sqlite3_exec(database, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+  sqlite3_close(database);
+  const auto append = [&] {
+    return exportTables(CaptureList(folder.path() + "/data"),
+                        {ExportFormat::kSqlite, odd, false, true}, [] {})
+        .rows;
+  };
+  EXPECT_EQ(append(), 0U);
+  EXPECT_FALSE(fs::exists(odd + "-wal") || fs::exists(odd + "-shm"));
+  folder.write("a%20?#b.db-wal", "");
+  EXPECT_EQ(append(), 0U);
+  folder.write("a%20?#b.db-wal", "not empty");
+  EXPECT_THROW(append(), Error);
 }
 
 TEST_F(Exports, ReplaceNothingThatIsNoExport) {
@@ -318,6 +400,41 @@ TEST_F(Exports, ReplaceNothingThatIsNoExport) {
   EXPECT_THROW(exportTables(std::vector<Capture>{},
                             {ExportFormat::kSqlite, folder.path() + "/foreign"}, [] {}),
                Error);
+}
+
+TEST_F(Exports, GoNowhereElse) {
+  const std::string link = folder.path() + "/link", loop = out(ExportFormat::kCsv) + "/loop";
+  fs::create_symlink(folder.path() + "/nowhere", link);
+  for (const ExportFormat format : kFormats) {
+    for (const std::string& place : {std::string(), link}) {
+      EXPECT_THROW(exportTables(std::vector<Capture>{}, {format, place}, [] {}), Error) << place;
+    }
+  }
+  EXPECT_TRUE(fs::is_symlink(link));
+  run(ExportFormat::kCsv);
+  folder.write("csv/AWB_OTPData/part-2147483647.csv", "");
+  EXPECT_THROW(run(ExportFormat::kCsv, true), Error);
+  fs::remove(out(ExportFormat::kCsv) + "/AWB_OTPData/part-2147483647.csv");
+  fs::create_symlink("loop", loop);
+  EXPECT_THROW(run(ExportFormat::kCsv, true), Error);
+}
+
+TEST_F(Exports, OfNamedCapturesTakeEachFolderOnceAndFailWithOne) {
+  const std::string data = folder.path() + "/data/", gone = folder.path() + "/gone";
+  fs::create_directory_symlink(data + "IMG_0", folder.path() + "/same");
+  folder.write("gone", "no folder");
+  for (const ExportFormat format : kFormats) {
+    const ExportWishes wishes = {format, out(format)};
+    const Capture one = {"IMG_0", data + "IMG_0"};
+    EXPECT_EQ(
+        exportTables({one, {"./same", folder.path() + "/same"}, {"d", data + "../data/IMG_0"}},
+                     wishes, [] {})
+            .rows,
+        4U);
+    const auto before = picture(out(format));
+    EXPECT_THROW(exportTables({one, {"gone", gone}}, wishes, [] {}), Error);
+    EXPECT_EQ(picture(out(format)), before);
+  }
 }
 
 TEST_F(Exports, KilledAtAnyMomentAreWholeTheNextTime) {

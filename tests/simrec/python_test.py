@@ -194,6 +194,14 @@ class Choice(CopyCase):
         # A kind without a camera belongs to each.
         self.assertEqual(image["Spectral", 2].path, image["Spectral"].path)
 
+    def test_of_captures(self):
+        self.assertIn("IMG", self.store)
+        self.assertNotIn("nix", self.store)
+        self.assertIn(self.capture, self.store)
+        self.assertNotIn(image, self.store)
+        self.assertEqual({self.capture, self.store["IMG"]}, set(self.store))
+        self.assertFalse(self.capture == image or self.capture == "IMG")
+
     def test_that_fails_says_why(self):
         cases = [(simrec.NotFound, "no LSC in " + self.path, lambda: self.capture["LSC"]),
                  (simrec.NotFound, "no AE_AECData, camera 0, ev 7 in " + self.path,
@@ -215,9 +223,13 @@ class Choice(CopyCase):
             with self.subTest(words), self.assertRaises(kind) as raised:
                 ask()
             self.assertEqual(str(raised.exception), words)
-        for key in (0, ("AE_AECData",), ("AE_AECData", "0"), None):
-            with self.assertRaises((TypeError, RuntimeError)):
+        for key in (0, ("AE_AECData",), *(("AE_AECData", camera) for camera in (
+                "0", 2**40, 0.0, None)), None, "\ud800"):
+            with self.subTest(key), self.assertRaises(TypeError):
                 self.capture[key]
+        with self.assertRaises(simrec.Error) as raised:
+            list(simrec.Store("/nowhere"))
+        self.assertEqual(raised.exception.file, "/nowhere")
         self.assertRaises(TypeError, iter, self.capture)
 
     def test_with_names_that_are_no_text(self):

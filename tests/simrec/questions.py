@@ -2,6 +2,7 @@
 """questions.py SIMREC CAPTURE_SESSION DOCUMENT: the questions that the document asks of exports have
 an answer in SQL, over the demo's data, and the same one in Python where pandas is there.
 """
+import glob
 import math
 import os
 import re
@@ -9,11 +10,14 @@ import sqlite3
 import subprocess
 import sys
 import tempfile
+import time
 
 try:
     import pandas
 except ImportError:
     pandas = None
+
+LARGE = 2**64 - 3
 
 
 def close(a, b):
@@ -25,6 +29,28 @@ def close(a, b):
 def same(rows, others):
     return len(rows) == len(others) and all(
         len(a) == len(b) and all(map(close, a, b)) for a, b in zip(rows, others))
+
+
+def spoil(data):
+    """What answers trip over: nan in each sensor's record of a scene, a record that is cut, an
+    integer that no float holds, and images of the same day a week ago."""
+    images = sorted(glob.glob(os.path.join(data, "IMG*")))
+    for file in glob.glob(os.path.join(data, "IMG*", "*SpectralSensor*"))[::2]:
+        edit(file, rb'(<cct>|cct=")[^<"]*', rb"\1nan")
+    exposures = sorted(glob.glob(os.path.join(data, "IMG*", "*AE_AECData*")))
+    os.truncate(exposures[0], 10)
+    edit(exposures[1], rb'ExposureTime="\d+"', b'ExposureTime="%d"' % LARGE)
+    edit(exposures[2], rb'Gain="[^"]*"', b'Gain="nan"')
+    for file in glob.glob(os.path.join(images[-1], "*")):
+        os.utime(file, times=(2 * (time.time() - 7 * 86400 - 60,)))
+
+
+def edit(path, old, new):
+    with open(path, "rb") as file:
+        text, count = re.subn(old, new, file.read())
+    assert count, path
+    with open(path, "wb") as file:
+        file.write(text)
 
 
 def main():
@@ -39,6 +65,7 @@ def main():
         environment = {**os.environ, "SIMREC_DATA": os.path.join(folder, "data")}
         subprocess.run([capture_session, "--requests", "30", "--data", "data"], check=True,
                        stdout=subprocess.DEVNULL)
+        spoil("data")
         for call in re.findall(r"^\$ scripts/simrec (export .*)$", open(document).read(), re.M):
             subprocess.run([simrec, *call.split()], check=True, env=environment)
         for (_, sql), (_, python) in questions:
@@ -53,6 +80,9 @@ def main():
             if not same(rows, others):
                 print(f"{sql}\n{rows[:5]}\n{others[:5]}")
                 bad += 1
+        if pandas is not None:
+            times = names["table"]("AE_AECData").ExposureIndexLong_ExposureTime
+            bad += times.dtype != "UInt64" or LARGE not in times.dropna().tolist()
     return 1 if bad else 0
 
 
