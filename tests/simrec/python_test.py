@@ -394,8 +394,8 @@ class Tables(CopyCase):
 class Interpreter(CopyCase):
     def test_lock_is_released_while_files_are_read(self):
         """With this switch interval another thread runs while the lock is given away, and only
-        then: a good many rounds while a large file is read, some while a folder is. What takes
-        the lock may come late on a busy machine, so there are many chances."""
+        then: a good many rounds while a large file is read. What takes the lock may come late on a
+        busy machine, so there are many chances."""
         self.edit(GRID, (b"</SimulationData>", b" " * (30 << 20) + b"</SimulationData>"))
         self.addCleanup(sys.setswitchinterval, sys.getswitchinterval())
         sys.setswitchinterval(1000)
@@ -410,19 +410,16 @@ class Interpreter(CopyCase):
         thread.start()
         self.addCleanup(thread.join)
         self.addCleanup(stopped.append, True)
-        for wanted, read in (
-                (100, lambda: self.capture[KIND, 0]), (100, lambda: self.store.table(KIND)),
-                (100, lambda: list(self.store.records(KIND))), (1, lambda: list(store)),
-                (1, lambda: image.cameras), (1, lambda: "LSC" in image),
-                (1, lambda: self.store["IMG"])):
+        for read in (lambda: self.capture[KIND, 0], lambda: self.store.table(KIND),
+                     lambda: list(self.store.records(KIND))):
             most = 0
             for _ in range(300):
                 before = rounds[0]
                 read()
                 most = max(most, rounds[0] - before)
-                if most >= wanted:
+                if most >= 10:
                     break
-            self.assertGreaterEqual(most, wanted, inspect.getsource(read))
+            self.assertGreaterEqual(most, 10, inspect.getsource(read))
 
     def test_reads_in_several_threads(self):
         expected = image["qseg", 0].qsegStatsInfo
