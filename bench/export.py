@@ -16,20 +16,13 @@ import sys
 import tempfile
 import time
 
+from measuring import Run, Table, roomy_folder
+
 ROUNDS = 5
 CAPTURES = 300
 EXPORT_ROWS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "export_rows.py")
 # Half of the files each.
 CAT = "find {0} -type f -print0 | xargs -0 -n {1} -P 2 cat >/dev/null"
-
-missed = 0
-
-
-def row(title, measured, must, aim, at_least=False):
-    global missed
-    miss = measured < must if at_least else measured > must
-    missed += miss
-    print(f"| {title:<58} | {measured:.2f} ({must}, {aim}){' MISSED' if miss else ''} |", flush=True)
 
 
 def one_of_each_kind(simrec, session):
@@ -68,25 +61,6 @@ def seconds(command, shell=False):
     return time.perf_counter() - start
 
 
-def memory(command):
-    """The most that the process has, in MB. Asked while it runs: what it tells at its end has this
-    script's own in it."""
-    child = subprocess.Popen(command, stdout=subprocess.DEVNULL)
-    most = 0
-    while child.poll() is None:
-        try:
-            with open(f"/proc/{child.pid}/status") as status:
-                text = status.read()
-        except OSError:
-            break
-        if "\nName:\tsimrec\n" in "\n" + text and "VmHWM" in text:
-            most = int(text.split("VmHWM:")[1].split()[0])
-        time.sleep(0.002)
-    if child.wait() != 0:
-        sys.exit(f"{command} ended with {child.returncode}")
-    return most / 1024
-
-
 def rows_of(folder):
     """What is in an export, without what is null."""
     rows = []
@@ -98,34 +72,45 @@ def rows_of(folder):
     return sorted(rows, key=lambda row: (row["capture"], row["file"]))
 
 
-def measure_times(simrec, data, folder):
+def measure_times(table, simrec, data, folder):
     files = sum(len(names) for _, _, names in os.walk(data))
     cat = CAT.format(data, -(-files // 2))
     out = {name: os.path.join(folder, name) for name in ("script", "jsonl", "csv", "sqlite")}
-    times = {name: [] for name in [*out, "cat"]}
-    for _ in range(ROUNDS):
-        for name, path in out.items():
-            command = ([sys.executable, EXPORT_ROWS, data, path] if name == "script" else
-                       [simrec, "--data", data, "export", "--format", name, "-o", path])
-            times[name].append(seconds(command))
-        if rows_of(out["script"]) != rows_of(out["jsonl"]):
-            sys.exit("simrec export and export_rows.py give different rows")
-        for path in out.values():
-            os.unlink(path) if os.path.isfile(path) else shutil.rmtree(path)
-        times["cat"].append(seconds(cat, shell=True))
-    took = {name: statistics.median(some) for name, some in times.items()}
-    row(f"export, {CAPTURES} captures of 26 files: time of a script / export's",
-        took["script"] / took["jsonl"], 8, 20, at_least=True)
+
+    def medians():
+        times = {name: [] for name in [*out, "cat"]}
+        for _ in range(ROUNDS):
+            for name, path in out.items():
+                command = ([sys.executable, EXPORT_ROWS, data, path] if name == "script" else
+                           [simrec, "--data", data, "export", "--format", name, "-o", path])
+                times[name].append(seconds(command))
+            if rows_of(out["script"]) != rows_of(out["jsonl"]):
+                sys.exit("simrec export and export_rows.py give different rows")
+            for path in out.values():
+                remove(path)
+            times["cat"].append(seconds(cat, shell=True))
+        return {name: statistics.median(some) for name, some in times.items()}
+
+    def ratio(above, below):
+        took = medians()
+        return took[above] / took[below]
+    table.row(f"export, {CAPTURES} captures of 26 files: time of a script / export's",
+              lambda: ratio("script", "jsonl"), 8, 20, at_least=True)
     for name in ("jsonl", "csv", "sqlite"):
-        row(f"the same, {name}: time / that of cat by two processes", took[name] / took["cat"], 5, 3)
+        table.row(f"the same, {name}: time / that of cat by two processes",
+                  lambda: ratio(name, "cat"), 5, 3)
 
 
-def measure_memory(simrec, folder, files):
+def measure_memory(table, simrec, folder, files):
+    out = os.path.join(folder, "out")
+
+    def memory(name, data):
+        remove(out)
+        return Run(simrec, "--data", os.path.join(folder, data), "export", "--format", name,
+                   "-o", out).memory
     for name in ("jsonl", "sqlite"):
-        few, many = (memory([simrec, "--data", os.path.join(folder, data), "export", "--format",
-                             name, "-o", os.path.join(folder, "out")]) for data in ("few", "many")
-                     if not remove(os.path.join(folder, "out")))
-        row(f"{name}, 10,000 captures: memory / that of 100 ({few:.0f} MB)", many / few, 1.2, 1.1)
+        table.row(f"{name}, 10,000 captures: memory / that of 100",
+                  lambda: memory(name, "many") / memory(name, "few"), 1.2, 1.1)
 
 
 def remove(path):
@@ -135,32 +120,22 @@ def remove(path):
         shutil.rmtree(path, ignore_errors=True)
 
 
-def roomy_folder(beside):
-    shared = "/dev/shm"
-    if os.access(shared, os.W_OK):
-        free = os.statvfs(shared)
-        if free.f_favail > 10**6 and free.f_bavail * free.f_frsize > 2**31:
-            return shared
-    return os.path.dirname(beside)
-
-
 def main():
     simrec, capture_session = map(os.path.abspath, sys.argv[1:])
-    with tempfile.TemporaryDirectory(prefix="simrec-bench-", dir=roomy_folder(simrec)) as folder:
+    with tempfile.TemporaryDirectory(prefix="simrec-bench-", dir=roomy_folder(simrec, 2**31)) as folder:
         session, data = os.path.join(folder, "session"), os.path.join(folder, "data")
         print("making captures for export", file=sys.stderr)
         subprocess.run([capture_session, "--requests", "30", "--data", session], check=True,
                        stdout=subprocess.DEVNULL)
         files = one_of_each_kind(simrec, session)
-        print(f"\nTables, measured (must, aim); medians, {os.cpu_count()} cores.\n")
-        print(f"| {'command':<58} | {'measured':<22} |\n| --- | --- |")
+        table = Table(f"Tables, measured (must, aim); medians, {os.cpu_count()} cores.")
         copy_captures(data, CAPTURES, files)
-        measure_times(simrec, data, folder)
+        measure_times(table, simrec, data, folder)
         shutil.rmtree(data)
         link_captures(os.path.join(folder, "few"), 100, files)
         link_captures(os.path.join(folder, "many"), 10000, files)
-        measure_memory(simrec, folder, files)
-    return 1 if missed else 0
+        measure_memory(table, simrec, folder, files)
+    return 1 if table.missed else 0
 
 
 sys.exit(main())

@@ -19,6 +19,7 @@ import numpy
 sys.path.insert(0, sys.argv[1])
 import show_capture  # noqa: E402
 import simrec  # noqa: E402
+from measuring import roomy_folder  # noqa: E402
 
 GRID = "AWB_ParsedAWBStatsOutput"
 EXPOSURE = "AE_AECData"
@@ -111,15 +112,6 @@ def link_captures(data, count, files):
         for file in files:
             (os.link if number else shutil.copy)(file, os.path.join(folder, os.path.basename(file)))
         files = [os.path.join(folder, os.path.basename(file)) for file in files]
-
-
-def roomy_folder(beside):
-    memory = "/dev/shm"
-    if os.access(memory, os.W_OK):
-        free = os.statvfs(memory)
-        if free.f_favail > 10**6 and free.f_bavail * free.f_frsize > 2**28:
-            return memory
-    return os.path.dirname(beside)
 
 
 def main():
