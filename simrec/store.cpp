@@ -124,7 +124,7 @@ Capture Store::find(const std::string& name) const {
   if (name == kTmpFolder) {  // stands for the requests in it where these can't be listed
     const CaptureList list(data_);
     for (std::size_t i = 0; i < list.size(); ++i) {
-      const Capture other = list[i];
+      Capture other = list[i];
       if (other.kind == CaptureKind::kRequest && !other.request) return other;
     }
   }
