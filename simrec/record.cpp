@@ -112,7 +112,7 @@ void readXml(const std::string& path, const FileDescriptor& descriptor, std::uin
   if (error != tinyxml2::XML_SUCCESS) {
     record.problems.push_back(xmlProblem(*record.document));
   }
-  readXmlValues(*record.document, *record.file.parts->kind, reading.lists, record.values,
+  readXmlValues(*record.document, *record.file.parts->kind, reading, record.values,
                 record.problems);
 }
 

@@ -30,6 +30,9 @@ struct Record {
 struct Reading {
   bool lists = true;   ///< else the values of lists are left out
   bool binary = true;  ///< else a binary file is not read beyond its known members
+  /// Of an XML member whose text goes on behind its number, that number, as a readback takes it;
+  /// else such a member is left out. It is a problem either way.
+  bool leading = false;
 };
 
 /// What is wrong with a binary file of that size; empty: nothing.

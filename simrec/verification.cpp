@@ -271,9 +271,8 @@ VerifiedRecord verify(const Capture& replayed, const File& file, const Capture& 
     return result;
   }
   const Kind& kind = *file.parts->kind;
-  const Reading reading = {true, false};
-  const Record expected = readRecord(replayed.path, file, reading);
-  const Record found = readRecord(dump.path, *partner, reading);
+  const Record expected = readRecord(replayed.path, file, {true, false, true});
+  const Record found = readRecord(dump.path, *partner, {true, false, true});
   if (!found.problems.empty()) {
     refuse(result, "the dump is damaged: " + found.problems.front());
   } else if (kind.format == Format::kXml) {

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "simrec/number.h"
+#include "simrec/record.h"
 #include "simrec/text.h"
 
 namespace simrec {
@@ -19,11 +20,26 @@ using catalogue::Replay;
 using catalogue::Shape;
 using tinyxml2::XMLElement;
 
+/// The number that `text` begins with, where the standard conversions would take one. Hexadecimal
+/// digits are for doctor's trials to tell.
+std::optional<Number> leadingNumber(std::string_view text, catalogue::Type type) {
+  constexpr std::size_t kLongest = 64;
+  for (std::size_t size = std::min(text.size(), kLongest); size > 0; --size) {
+    const auto parsed = parseNumber(text.substr(0, size), type);
+    const auto* const number = std::get_if<Number>(&parsed);
+    if (number == nullptr) continue;
+    const bool hexadecimal = size < text.size() && (text[size] == 'x' || text[size] == 'X');
+    return hexadecimal && number->approximately() == 0 ? std::nullopt : std::optional(*number);
+  }
+  return std::nullopt;
+}
+
 /// Reads the members of one element after the other; what it finds odd is told with the
 /// member's path.
 class Reader {
  public:
-  Reader(bool lists, std::vector<std::string>& problems) : lists_(lists), problems_(problems) {}
+  Reader(const Reading& reading, std::vector<std::string>& problems)
+      : reading_(reading), problems_(problems) {}
 
   Values read(const XMLElement& parent, const Members& members, const std::string& path) {
     Values values;
@@ -95,7 +111,7 @@ class Reader {
   std::optional<Value> readText(std::string_view text, const Member& member,
                                 const std::string& path) {
     if (member.shape == Shape::kList) {
-      if (!lists_) return std::nullopt;
+      if (!reading_.lists) return std::nullopt;
       std::string problem;
       NumberList list = parseList(text, member.type, kMostTimes * member.count, problem);
       if (!problem.empty()) tell(path + ": " + problem);
@@ -105,14 +121,17 @@ class Reader {
       if (text == "true") text = "1";
       if (text == "false") text = "0";
     }
-    auto parsed = parseNumber(text, member.type);
+    const auto parsed = parseNumber(text, member.type);
+    std::optional<Number> number;
     if (const auto* const problem = std::get_if<std::string>(&parsed)) {
       tell(path + ": " + *problem);
-      return std::nullopt;
+      if (reading_.leading) number = leadingNumber(text, member.type);
+    } else {
+      number = std::get<Number>(parsed);
     }
-    Number& number = std::get<Number>(parsed);
-    number.text = text;
-    return Value{&member, number};
+    if (!number) return std::nullopt;
+    number->text = text;
+    return Value{&member, *number};
   }
 
   static bool isKnown(const Members& members, const char* name, Carrier carrier) {
@@ -140,7 +159,7 @@ class Reader {
   /// Of a list that is longer than any should be, this many times as much is looked at.
   static constexpr std::size_t kMostTimes = 4;
 
-  bool lists_;
+  const Reading& reading_;
   std::vector<std::string>& problems_;
 };
 
@@ -191,10 +210,10 @@ std::string xmlProblem(const simulation::RecordDocument& document) {
                                      : words;
 }
 
-void readXmlValues(const simulation::RecordDocument& document, const Kind& kind, bool lists,
-                   Values& values, std::vector<std::string>& problems) {
+void readXmlValues(const simulation::RecordDocument& document, const Kind& kind,
+                   const Reading& reading, Values& values, std::vector<std::string>& problems) {
   const bool damaged = !problems.empty();
-  Reader reader(lists, problems);
+  Reader reader(reading, problems);
   const XMLElement* root = document.FirstChildElement();
   if (root == nullptr) {
     if (!damaged) reader.tell("holds no element");
@@ -209,7 +228,7 @@ void readXmlValues(const simulation::RecordDocument& document, const Kind& kind,
   }
   if (root == nullptr) return reader.tell(fmt::format("<{}> is missing", kind.wrapper));
   values = reader.read(*root, kind.members, "");
-  if (lists) tellLengths(values, reader);
+  if (reading.lists) tellLengths(values, reader);
 }
 
 }  // namespace simrec

@@ -404,4 +404,31 @@ TEST_F(Replays, OfEditedFilesAreWhatAReadbackMakesOfThem) {
   }
 }
 
+/// The number that a text begins with is what a readback takes.
+TEST_F(Replays, OfTextsThatGoOnBehindTheirNumberAreSeen) {
+  const struct {
+    const char *kind, *from, *to, *by;
+  } kRows[] = {
+      {"AE_AECData", "<LuxIndex>", "<", "<LuxIndex>300x<"},
+      {"AE_AECData", "<LuxIndex>", "<", "<LuxIndex>3e2.5<"},
+      {"AWB_AECData", " luxIndex=\"", "\"", " luxIndex=\"7 or so\""},
+      {"AWB_AECData", " frameDuration=\"", "\"", " frameDuration=\"12.5\""},
+      {"ZOAWB_SpectralSensorInfo", "<cct>", "<", "<cct>2800K<"},
+      {"ZOAWB_SyncInfo", "<syncinfo>", "<", "<syncinfo>5;<"},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.by);
+    const RecordOperation& record = operationOf(*catalogue::kindNamed(row.kind));
+    const std::string file = std::string("simulation_") + record.file,
+                      path = kCamera + kImage + "/" + file;
+    writeFile(path, edited(readFile(path), row.from, row.to, row.by));
+    stageAll(kImage);
+    replay(record);
+    EXPECT_EQ(textOf(verified(file)), "fed");
+    replay(record, true);
+    const std::string by = row.by, told = textOf(verified(file));
+    EXPECT_NE(told.find(by.substr(1, by.find_first_of(">=") - 1)), told.npos) << told;
+  }
+}
+
 }  // namespace
