@@ -102,9 +102,9 @@ py::object recordOf(const Capture& capture, const File& file, Record record, boo
       py::cast(RecordHead{*file.parts, capture.name, file.name, path, record.file.bytes,
                           file.hasTime() ? std::optional(file.modified) : std::nullopt,
                           std::move(record.problems), std::move(record.bytes)});
-  py::dict members = membersOf(record.values);
+  py::dict members = object.attr("__dict__");
+  addMembers(record.values, members);
   if (binary && record.opened) members["size"] = record.file.bytes;
-  object.attr("__dict__").attr("update")(members);
   return object;
 }
 
