@@ -168,7 +168,8 @@ class Values(CopyCase):
                   (b"<DrcGain>%s<" % repr(ae.DrcGain).encode(), b"<DrcGain>-inf<"))
         awb = self.capture["AWB_AECData", 0]
         self.edit(AWB, (b'AECSettled="%d"' % awb.AECSettled, b'AECSettled="-2147483648"'),
-                  (b"%g " % awb.BETemplateMatrix[1], b"1e-45 "))
+                  *((b"%g " % number, odd) for number, odd in zip(
+                      awb.BETemplateMatrix[1:], (b"1e-45 ", b"+0.10000000149 ", b" -inf\n"))))
         self.check_as_shown(self.capture)
         ae = self.capture.record("AE_AECData", camera=0, ev=2)
         self.assertEqual(ae.ExposureIndexLong.ExposureTime, largest)
