@@ -69,6 +69,16 @@ def content(path):
         return file.read()
 
 
+def document_section():
+    root = os.path.dirname(os.path.dirname(os.environ["SIMREC_EXAMPLE"]))
+    document = content(os.path.join(root, "doc", "simrec.md")).decode()
+    return document.split("\n## Python\n")[1].split("\n## ")[0]
+
+
+def document_code():
+    return [block.split("```")[0] for block in document_section().split("```python\n")[1:]]
+
+
 class CopyCase(unittest.TestCase):
     """Each test has a copy of some of the image's records, alone in a data folder."""
 
@@ -385,11 +395,35 @@ class Tables(CopyCase):
             import pandas
         except ImportError:
             self.skipTest("no pandas")
+        ae = self.capture.record("AE_AECData", camera=0, ev=2)
+        largest = 2**64 - 1
+        self.edit(AE.format(2), (b"%d" % ae.ExposureIndexLong.ExposureTime, b"%d" % largest))
         self.write(AE.format(1), b"")
-        frame = pandas.DataFrame(self.store.table("AE_AECData"))
+        names = {"store": self.store}
+        for block in document_code():
+            if "pandas" in block:
+                exec(block, names)
+        frame = names["frame"]
         self.assertEqual(frame.ev.tolist(), [0, 1, 2])
         self.assertEqual(frame.problem.isna().tolist(), [True, False, True])
         self.assertEqual(frame.ExposureIndexLong_ExposureTime.isna().tolist(), [False, True, False])
+        self.assertEqual(str(frame.modified.dtype), "datetime64[ns]")
+        self.assertIsNone(frame.problem[0])
+        # Whole numbers, some of them missing, and names that are no text.
+        column = names["column"] = self.store.table("AE_AECData")["ExposureIndexLong_ExposureTime"]
+        recipe = "pandas.arrays.IntegerArray(column.data, column.mask)"
+        self.assertIn(recipe, document_section())
+        times = pandas.Series(eval(recipe, names))
+        self.assertEqual(str(times.dtype), "UInt64")
+        self.assertEqual(times.isna().tolist(), [False, True, False])
+        self.assertEqual(times[2], largest)
+        os.rename(self.path, os.path.join(self.data, os.fsdecode(b"IMG_\xff")))
+        frame = pandas.DataFrame(self.store.table("AE_AECData"))
+        path = os.path.join(self.data, "table.csv")
+        frame.to_csv(path, errors="surrogateescape")
+        self.assertEqual(content(path).count(b",IMG_\xff,"), 3)
+        shown = frame.capture.map(lambda name: os.fsencode(name).decode(errors="replace")).to_json()
+        self.assertEqual(json.loads(shown)["0"], "IMG_\ufffd")
 
 
 class Interpreter(CopyCase):
@@ -486,12 +520,9 @@ class Interpreter(CopyCase):
         self.assertEqual([line.split()[0] for line in said.stdout.splitlines()[1:]], expected)
 
     def test_document_shows_what_works(self):
-        root = os.path.dirname(os.path.dirname(os.environ["SIMREC_EXAMPLE"]))
-        document = content(os.path.join(root, "doc", "simrec.md")).decode()
-        section = document.split("\n## Python\n")[1].split("\n## ")[0]
-        code = [block.split("```")[0] for block in section.split("```python\n")[1:]]
-        self.assertGreater(len(code), 1)
         names = {"capture": image, "shading": burst, "store": store}
+        code = document_code()
+        self.assertGreater(len(code), 1)
         for block in code:
             block = block.replace('"capture-data"', "store.data")
             if "pandas" not in block:
