@@ -4,10 +4,12 @@ SIMREC_PROGRAM and CAPTURE_SESSION are the two programs, SIMREC_EXAMPLE the exam
 """
 import ast
 import concurrent.futures
+import copy
 import gc
 import inspect
 import json
 import os
+import pickle
 import resource
 import shutil
 import subprocess
@@ -221,7 +223,10 @@ class Choice(CopyCase):
                   lambda: self.capture.record("AE_AECData", camera=0)),
                  (simrec.Error, "'AECData' may be any of AE_AECData, AWB_AECData",
                   lambda: self.capture["AECData", 0]),
-                 (simrec.Error, "no kind of record is called 'nix'", lambda: store.table("nix")),
+                 (simrec.Error, "no kind of record is called 'nix': see simrec.kinds()",
+                  lambda: store.table("nix")),
+                 (simrec.Error, "no kind of record is called 'AE_AECDta': is it AE_AECData?",
+                  lambda: self.capture["AE_AECDta", 0]),
                  (simrec.NotFound, "no capture is called 'nix' in " + self.data,
                   lambda: self.store["nix"]),
                  (simrec.Error, "/nowhere: No such file or directory",
@@ -242,6 +247,10 @@ class Choice(CopyCase):
             list(simrec.Store("/nowhere"))
         self.assertEqual(raised.exception.file, "/nowhere")
         self.assertRaises(TypeError, iter, self.capture)
+        with self.assertRaises(AttributeError) as raised:
+            self.capture[KIND, 0].rsum
+        self.assertIn("RSum", dir(raised.exception.obj))  # where the interpreter looks for it
+        self.assertEqual(raised.exception.name, "rsum")
 
     def test_with_names_that_are_no_text(self):
         name = os.fsdecode(b"IMG_\xff\n")
@@ -470,6 +479,25 @@ class Interpreter(CopyCase):
             for record in pool.map(lambda _: image["qseg", 0], range(40)):
                 self.assertTrue(numpy.array_equal(record.qsegStatsInfo, expected))
             self.assertEqual(len(list(pool.map(store.table, simrec.kinds()))), len(simrec.kinds()))
+
+    def test_copies_and_pickles(self):
+        self.write(AE.format(1), b"<broken")
+        request = next(capture for capture in store if capture.kind == "request")
+        for each in (self.store, self.capture, request, *self.capture.records(strict=False),
+                     *burst.records()):
+            for same in (copy.copy(each), copy.deepcopy(each), pickle.loads(pickle.dumps(each))):
+                for name in (name for name in vars(type(each)) if not name.startswith("_")):
+                    if not callable(getattr(each, name)):
+                        self.assertEqual(getattr(same, name), getattr(each, name))
+                if isinstance(each, simrec.Record):
+                    self.assertIsNot(vars(same), vars(each))
+                    self.assertEqual(*({n: plain(m) for n, m in vars(record).items()}
+                                       for record in (same, each)))
+        with self.assertRaises(simrec.Error) as raised:
+            self.capture["AE_AECData", 0]
+        error = pickle.loads(pickle.dumps(raised.exception))
+        self.assertEqual([str(error), error.file, error.problems],
+                         [str(raised.exception), raised.exception.file, raised.exception.problems])
 
     def test_keeps_nothing_of_what_was_read(self):
         self.write(AE.format(1), b"<broken")
