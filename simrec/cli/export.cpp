@@ -19,7 +19,7 @@ template <typename Captures>
 ExportCounts exportWithBar(Captures captures, const Options& options) {
   Progress progress("Exporting", captures.size(), options.shared.quiet);
   const Interruption interruption;
-  const ExportCounts counts = exportTables(std::move(captures), options.wishes, [&] {
+  ExportCounts counts = exportTables(std::move(captures), options.wishes, [&] {
     interruption.check();
     progress.step();
   });

@@ -27,14 +27,14 @@ Interruption::Interruption() {
   struct sigaction action = {};
   action.sa_handler = remember;
   action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
-  for (std::size_t i = 0; i < before_.size(); ++i) {
-    sigaction(kSignals[i], nullptr, &before_[i]);
-    if (before_[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &action, nullptr);
+  for (Held& held : held_) {
+    sigaction(held.signal, nullptr, &held.before);
+    if (held.before.sa_handler != SIG_IGN) sigaction(held.signal, &action, nullptr);
   }
 }
 
 Interruption::~Interruption() {
-  for (std::size_t i = 0; i < before_.size(); ++i) sigaction(kSignals[i], &before_[i], nullptr);
+  for (const Held& held : held_) sigaction(held.signal, &held.before, nullptr);
 }
 
 void Interruption::check() const {

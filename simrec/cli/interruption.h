@@ -1,8 +1,6 @@
 // Signals that ask a command to end, held until it can without leaving anything half done.
 #pragma once
 
-#include <array>
-
 #include <signal.h>
 
 namespace simrec::cli {
@@ -14,8 +12,8 @@ struct Interrupted {
   [[noreturn]] void endProcess() const;
 };
 
-/// While it lives, the first of Ctrl-C, SIGTERM and SIGHUP is remembered; after that the same signal
-/// ends the process at once. One that is ignored (nohup) stays so. One at a time.
+/// While it lives, the first of Ctrl-C, SIGTERM and SIGHUP is remembered; after that the same
+/// signal ends the process at once. One that is ignored (nohup) stays so. One at a time.
 class Interruption {
  public:
   Interruption();
@@ -27,8 +25,11 @@ class Interruption {
   void check() const;
 
  private:
-  static constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
-  std::array<struct sigaction, 3> before_ = {};
+  struct Held {
+    int signal;
+    struct sigaction before;
+  };
+  Held held_[3] = {{SIGINT, {}}, {SIGTERM, {}}, {SIGHUP, {}}};
 };
 
 }  // namespace simrec::cli

@@ -78,8 +78,8 @@ const catalogue::Kind& kindCalled(const std::string& form) {
   if (!catalogue::kindsLike(form).empty()) return kindFor(form);
   const py::list near =
       py::module_::import("difflib").attr("get_close_matches")(nameFromDisk(form), kindNames(), 1);
-  const std::string hint = near.empty() ? "see simrec.kinds()"
-                                        : "is it " + near[0].cast<std::string>() + "?";
+  const std::string hint =
+      near.empty() ? "see simrec.kinds()" : "is it " + near[0].cast<std::string>() + "?";
   throw Error("no kind of record is called '" + form + "': " + hint);
 }
 
@@ -244,8 +244,9 @@ py::dict tableOf(const Store& store, const std::string& kind) {
 /// @{
 py::tuple stateOf(const Capture& capture) {
   const py::object request =
-      capture.request ? py::object(py::make_tuple(capture.request->request, capture.request->camera))
-                      : py::none();
+      capture.request
+          ? py::object(py::make_tuple(capture.request->request, capture.request->camera))
+          : py::none();
   return py::make_tuple(py::bytes(capture.name), py::bytes(capture.path),
                         static_cast<int>(capture.kind), request);
 }

@@ -228,9 +228,8 @@ class PlainXml {
 
   bool soundList(std::string_view rest, Type type, std::size_t wanted) {
     NumberList numbers;
-    const char* const end = row_.table->lists
-                                ? readSoundList(rest, type, wanted, numbers.values)
-                                : endOfSoundList(rest, type, wanted);
+    const char* const end = row_.table->lists ? readSoundList(rest, type, wanted, numbers.values)
+                                              : endOfSoundList(rest, type, wanted);
     if (end == nullptr) return false;
     numbers.text = {at_, static_cast<std::size_t>(end - at_)};
     at_ = end;

@@ -17,8 +17,8 @@
 #include "simrec/record.h"
 #include "simrec/table/batches.h"
 #include "simrec/table/list_proof.h"
-#include "simrec/table/sound_list.h"
 #include "simrec/table/row_reader.h"
+#include "simrec/table/sound_list.h"
 #include "tests/simrec/temp_folder.h"
 
 namespace {
