@@ -30,6 +30,8 @@ build|libkainjow-mustache-dev|kainjow mustache|has_header kainjow/mustache.hpp
 build|libjs-dygraphs|dygraphs|test -e /usr/share/javascript/dygraphs/dygraph.min.js
 bench|libbenchmark-dev|Google Benchmark|has_header benchmark/benchmark.h
 python|python3-pytest|pytest|has_python_module pytest
+python|python3-pandas|pandas|has_pandas
+python|mypy|mypy|has_python_module mypy.stubtest
 bench-clang|clang|clang (clang++)|command -v clang++
 bench|python3|Python 3|command -v python3
 duckdb|nodejs|Node.js|command -v node

@@ -197,10 +197,8 @@ std::vector<double> decimalsOf(const NumberList& list) {
   const char* const end = at + list.text.size();
   while (decimals.size() < list.size()) {
     at = std::find_if_not(at, end, isBlank);
-    const char* const stop = std::find_if(at, end, isBlank);
-    const auto number = parseFloat({at, static_cast<std::size_t>(stop - at)});
-    decimals.push_back(std::get<Number>(number).decimal);
-    at = stop;
+    if (at != end && *at == '+') ++at;
+    at = fast_float::from_chars(at, end, decimals.emplace_back()).ptr;
   }
   return decimals;
 }

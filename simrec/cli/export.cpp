@@ -2,6 +2,7 @@
 #include "simrec/export/export.h"
 
 #include "simrec/cli/command.h"
+#include "simrec/cli/interruption.h"
 #include "simrec/cli/output.h"
 #include "simrec/text.h"
 
@@ -17,7 +18,13 @@ struct Options {
 template <typename Captures>
 ExportCounts exportWithBar(Captures captures, const Options& options) {
   Progress progress("Exporting", captures.size(), options.shared.quiet);
-  return exportTables(std::move(captures), options.wishes, [&] { progress.step(); });
+  const Interruption interruption;
+  ExportCounts counts = exportTables(std::move(captures), options.wishes, [&] {
+    interruption.check();
+    progress.step();
+  });
+  interruption.check();  // too late for the export: it is there
+  return counts;
 }
 
 ExportCounts exportChosen(const Options& options) {
@@ -28,8 +35,17 @@ ExportCounts exportChosen(const Options& options) {
   return exportWithBar(std::move(captures), options);
 }
 
+/// What is half done is taken away before the process ends.
+ExportCounts exportOrEnd(const Options& options) {
+  try {
+    return exportChosen(options);
+  } catch (const Interrupted& interrupted) {
+    interrupted.endProcess();
+  }
+}
+
 Status exportTables(const Options& options) {
-  const ExportCounts counts = exportChosen(options);
+  const ExportCounts counts = exportOrEnd(options);
   for (const std::string& trouble : counts.troubles) {
     fmt::print(stderr, "simrec: {}\n", printable(trouble));
   }

@@ -27,24 +27,43 @@ std::uint64_t integerOf(const Values& values, const char* name) {
   return value != nullptr && value->number() != nullptr ? value->number()->integer : 0;
 }
 
-/// Rows and columns where the record tells them and they fit; else one row of numbers.
-Shape shapeOf(const Value& value, const Values& record) {
-  const std::size_t size = value.list()->size();
-  if (value.member->carrier == catalogue::Carrier::kElement) {
-    for (const auto& [rowsName, columnsName] : kShapes) {
-      const std::uint64_t rows = integerOf(record, rowsName);
-      const std::uint64_t columns = integerOf(record, columnsName);
-      if (columns == 0 || size == 0 || size % columns != 0 || size / columns != rows) continue;
-      return {static_cast<py::ssize_t>(rows), static_cast<py::ssize_t>(columns)};
+/// Rows and columns that lists of the record may have.
+class Shapes {
+ public:
+  explicit Shapes(const Values& record) {
+    for (const auto& [rows, columns] : kShapes) {
+      shapes_[count_] = {integerOf(record, rows), integerOf(record, columns)};
+      if (shapes_[count_].columns != 0) ++count_;
     }
   }
-  return {static_cast<py::ssize_t>(size)};
-}
+
+  /// Rows and columns where the record tells them and they fit; else one row of numbers.
+  Shape of(const Value& value) const {
+    const std::size_t size = value.list()->size();
+    if (value.member->carrier == catalogue::Carrier::kElement && size != 0) {
+      for (std::size_t i = 0; i < count_; ++i) {
+        const auto& [rows, columns] = shapes_[i];
+        if (size % columns != 0 || size / columns != rows) continue;
+        return {static_cast<py::ssize_t>(rows), static_cast<py::ssize_t>(columns)};
+      }
+    }
+    return {static_cast<py::ssize_t>(size)};
+  }
+
+ private:
+  struct Grid {
+    std::uint64_t rows, columns;
+  };
+  Grid shapes_[std::size(kShapes)];
+  std::size_t count_ = 0;
+};
 
 /// With a copy of the items.
 template <typename Item>
 py::array arrayOf(const std::vector<Item>& items, const Shape& shape) {
-  return py::array_t<Item>(shape, items.data());
+  py::array_t<Item> array(shape);
+  if (!items.empty()) std::memcpy(array.mutable_data(), items.data(), items.size() * sizeof(Item));
+  return std::move(array);
 }
 
 py::array arrayOf(const NumberList& list, const Shape& shape) {
@@ -67,12 +86,14 @@ py::object toPython(const Number& number) {
 }
 
 py::object groupOf(const Values& values) {
-  return py::module_::import("types").attr("SimpleNamespace")(**membersOf(values));
+  py::dict members;
+  addMembers(values, members);
+  return py::module_::import("types").attr("SimpleNamespace")(**members);
 }
 
-py::object toPython(const Value& value, const Values& record) {
+py::object toPython(const Value& value, const Shapes& shapes) {
   if (const Number* const number = value.number()) return toPython(*number);
-  if (const NumberList* const list = value.list()) return arrayOf(*list, shapeOf(value, record));
+  if (const NumberList* const list = value.list()) return arrayOf(*list, shapes.of(value));
   if (const Values* const members = value.members()) return groupOf(*members);
   const std::vector<Values>& items = *value.items();
   py::tuple groups(items.size());
@@ -132,10 +153,9 @@ py::str nameFromDisk(const std::string& name) {
   return py::reinterpret_steal<py::str>(text);
 }
 
-py::dict membersOf(const Values& values) {
-  py::dict members;
-  for (const Value& value : values) members[value.member->name] = toPython(value, values);
-  return members;
+void addMembers(const Values& values, py::dict& members) {
+  const Shapes shapes(values);
+  for (const Value& value : values) members[value.member->name] = toPython(value, shapes);
 }
 
 py::dict toPython(Columns columns) {

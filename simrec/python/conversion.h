@@ -13,9 +13,9 @@ namespace simrec::python {
 /// A name or path from disk, as the interpreter has such names itself.
 pybind11::str nameFromDisk(const std::string& name);
 
-/// The members under their names: numbers, groups, tuples of groups, and arrays that own their
+/// Adds the members under their names: numbers, groups, tuples of groups, and arrays that own their
 /// memory.
-pybind11::dict membersOf(const Values& values);
+void addMembers(const Values& values, pybind11::dict& members);
 
 /// Columns under their names, each an array or, where numbers are missing, a masked array.
 pybind11::dict toPython(Columns columns);

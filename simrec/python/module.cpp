@@ -67,6 +67,22 @@ std::string dataFolder() {
   return variable != nullptr && *variable != '\0' ? variable : "/data/vendor/camera";
 }
 
+py::list kindNames() {
+  py::list names;
+  for (const catalogue::Kind& kind : catalogue::kinds()) names.append(kind.name);
+  return names;
+}
+
+/// Of a form that fits none, says what may be meant.
+const catalogue::Kind& kindCalled(const std::string& form) {
+  if (!catalogue::kindsLike(form).empty()) return kindFor(form);
+  const py::list near =
+      py::module_::import("difflib").attr("get_close_matches")(nameFromDisk(form), kindNames(), 1);
+  const std::string hint =
+      near.empty() ? "see simrec.kinds()" : "is it " + near[0].cast<std::string>() + "?";
+  throw Error("no kind of record is called '" + form + "': " + hint);
+}
+
 std::vector<File> filesFor(const Capture& capture, const Query& query) {
   const py::gil_scoped_release unlocked;
   std::vector<File> files =
@@ -102,9 +118,9 @@ py::object recordOf(const Capture& capture, const File& file, Record record, boo
       py::cast(RecordHead{*file.parts, capture.name, file.name, path, record.file.bytes,
                           file.hasTime() ? std::optional(file.modified) : std::nullopt,
                           std::move(record.problems), std::move(record.bytes)});
-  py::dict members = membersOf(record.values);
+  py::dict members = object.attr("__dict__");
+  addMembers(record.values, members);
   if (binary && record.opened) members["size"] = record.file.bytes;
-  object.attr("__dict__").attr("update")(members);
   return object;
 }
 
@@ -126,10 +142,10 @@ py::list readAll(const Capture& capture, const Query& query, bool strict) {
 /// "AE_AECData", or that and a camera.
 Query queryFor(const py::object& key) {
   try {
-    if (py::isinstance<py::str>(key)) return {&kindFor(key.cast<std::string>())};
+    if (py::isinstance<py::str>(key)) return {&kindCalled(key.cast<std::string>())};
     if (py::isinstance<py::tuple>(key) && py::len(key) == 2) {
       const auto [kind, camera] = key.cast<std::pair<std::string, int>>();
-      return {&kindFor(kind), camera};
+      return {&kindCalled(kind), camera};
     }
   } catch (const py::cast_error&) {
     // Neither text nor a number that a camera can have.
@@ -192,7 +208,7 @@ struct CaptureIterator {
 
 py::dict tableOf(const Store& store, const std::string& kind) {
   constexpr std::size_t kPiece = 2000;
-  const Table table(kindFor(kind), false);
+  const Table table(kindCalled(kind), false);
   Columns columns(table);
   std::optional<CaptureList> captures;
   const auto unlocked = [](const auto& work) {
@@ -213,9 +229,60 @@ py::dict tableOf(const Store& store, const std::string& kind) {
   return toPython(std::move(columns));
 }
 
-[[noreturn]] void failAt(const RecordHead& record, const std::string& member) {
-  throw py::attribute_error(printable(record.path) + " has no member '" + member + "'");
+/// The interpreter adds what may be meant, from the name and the record's own ones.
+[[noreturn]] void failAt(const py::object& record, const py::str& member) {
+  const auto& head = record.cast<const RecordHead&>();
+  const py::object error = py::handle(PyExc_AttributeError)(
+      printable(head.path) + " has no member '" + member.cast<std::string>() + "'");
+  error.attr("name") = member;
+  error.attr("obj") = record;
+  PyErr_SetObject(PyExc_AttributeError, error.ptr());
+  throw py::error_already_set();
 }
+
+/// @name What is pickled, which multiprocessing and copies need
+/// @{
+py::tuple stateOf(const Capture& capture) {
+  const py::object request =
+      capture.request
+          ? py::object(py::make_tuple(capture.request->request, capture.request->camera))
+          : py::none();
+  return py::make_tuple(py::bytes(capture.name), py::bytes(capture.path),
+                        static_cast<int>(capture.kind), request);
+}
+
+Capture captureFrom(const py::tuple& state) {
+  Capture capture = {state[0].cast<std::string>(), state[1].cast<std::string>(),
+                     static_cast<CaptureKind>(state[2].cast<int>())};
+  if (!state[3].is_none()) {
+    const auto [request, camera] = state[3].cast<std::pair<int, int>>();
+    capture.request = {request, camera};
+  }
+  return capture;
+}
+
+py::tuple stateOf(const py::object& record) {
+  const auto& head = record.cast<const RecordHead&>();
+  return py::make_tuple(py::bytes(head.capture), py::bytes(head.name), py::bytes(head.path),
+                        head.bytes, head.modified, head.problems, py::bytes(head.content),
+                        record.attr("__dict__").attr("copy")());
+}
+
+std::pair<RecordHead, py::dict> recordFrom(const py::tuple& state) {
+  const auto name = state[1].cast<std::string>();
+  const auto parts = catalogue::parseFileName(name);
+  if (!parts) throw py::value_error("the pickle is of another version of simrec");
+  RecordHead head = {*parts,
+                     state[0].cast<std::string>(),
+                     name,
+                     state[2].cast<std::string>(),
+                     state[3].cast<std::uint64_t>(),
+                     state[4].cast<std::optional<std::int64_t>>(),
+                     state[5].cast<std::vector<std::string>>(),
+                     state[6].cast<std::string>()};
+  return {std::move(head), state[7].cast<py::dict>()};
+}
+/// @}
 
 std::string shown(const RecordHead& record) {
   return "<simrec.Record " + printable(record.path) + ">";
@@ -233,6 +300,7 @@ void addRecord(py::module_& module) {
       "that are known, and ``data``. What the file lacks raises AttributeError.")
       .def("__getattr__", &failAt)
       .def("__repr__", &shown)
+      .def(py::pickle([](const py::object& record) { return stateOf(record); }, &recordFrom))
       .def_property_readonly(
           "kind", [](const RecordHead& record) { return record.parts.kind->name; },
           "the kind: 'AE_AECData'")
@@ -305,6 +373,7 @@ void addCapture(py::module_& module) {
           py::is_operator())
       .def("__hash__",
            [](const Capture& capture) { return std::hash<std::string>()(capture.path); })
+      .def(py::pickle([](const Capture& capture) { return stateOf(capture); }, &captureFrom))
       .def("__iter__",
            [](const Capture&) -> py::object {
              throw py::type_error("a capture is no sequence: its records() are a list");
@@ -313,7 +382,7 @@ void addCapture(py::module_& module) {
           "record",
           [](const Capture& capture, const std::string& kind, std::optional<int> camera,
              std::optional<int> ev, const py::object& text, std::optional<int> index, bool strict) {
-            Query query = {&kindFor(kind), camera, ev, index};
+            Query query = {&kindCalled(kind), camera, ev, index};
             if (!text.is_none()) query.text = fromPython(text);
             return recordFor(capture, query, strict);
           },
@@ -327,7 +396,7 @@ void addCapture(py::module_& module) {
           "records",
           [](const Capture& capture, const std::optional<std::string>& kind,
              std::optional<int> camera, bool strict) {
-            return readAll(capture, {kind ? &kindFor(*kind) : nullptr, camera}, strict);
+            return readAll(capture, {kind ? &kindCalled(*kind) : nullptr, camera}, strict);
           },
           py::arg("kind") = py::none(), py::kw_only(), py::arg("camera") = py::none(),
           py::arg("strict") = true,
@@ -412,6 +481,8 @@ void addStore(py::module_& module) {
              return Store(data.is_none() ? dataFolder() : fromPython(data));
            }),
            py::arg("data") = py::none())
+      .def(py::pickle([](const Store& store) { return py::bytes(store.data()); },
+                      [](const py::bytes& data) { return Store(data); }))
       .def_property_readonly(
           "data", [](const Store& store) { return nameFromDisk(store.data()); }, "its path")
       .def(
@@ -449,7 +520,7 @@ void addStore(py::module_& module) {
       .def(
           "records",
           [](const Store& store, const std::string& kind, std::optional<int> camera, bool strict) {
-            const Query query = {&kindFor(kind), camera};
+            const Query query = {&kindCalled(kind), camera};
             const py::gil_scoped_release unlocked;
             const auto takes = [query](const File& file) { return query.takes(*file.parts); };
             return RecordIterator{std::make_unique<RecordStream>(store, *query.kind, takes),
@@ -472,12 +543,6 @@ void addStore(py::module_& module) {
           "Texts and None are object arrays, times datetime64[ns] in UTC, floats float64 with nan\n"
           "for what is missing, integers int64 or uint64, masked arrays where some are missing.\n"
           "Files are read over all cores. A folder that can't be read is a RuntimeWarning.");
-}
-
-std::vector<std::string> kindNames() {
-  std::vector<std::string> names;
-  for (const catalogue::Kind& kind : catalogue::kinds()) names.emplace_back(kind.name);
-  return names;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "core/list_end.h"
 #include "simrec/number.h"
 #include "simrec/table/list_proof.h"
+#include "simrec/table/sound_list.h"
 
 namespace simrec {
 namespace {
@@ -210,11 +211,8 @@ class PlainXml {
     const std::size_t wanted =
         regions_ && member.carrier == Carrier::kElement ? *regions_ : member.count;
     const std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
-    if (!row_.table->lists) {
-      if (const char* const end = endOfSoundList(rest, member.type, wanted)) {
-        at_ = end;  // else, what follows is found to be wrong
-        return true;
-      }
+    if (wanted <= member.count && soundList(rest, member.type, wanted)) {
+      return true;  // where no list ends, what follows is found to be wrong
     }
     std::size_t size = simulation::listEnd(rest, 0);
     size = rest.find(stop, size);  // behind exponents, nan
@@ -224,11 +222,25 @@ class PlainXml {
     std::string problem;
     NumberList numbers = parseList(text, member.type, member.count, problem);
     if (!problem.empty() || numbers.size() != wanted) return false;
-    if (row_.table->lists) {
-      row_.lists.push_back(std::move(numbers));
-      *cell_++ = Cell::ofList(&row_.lists.back());
-    }
+    put(std::move(numbers));
     return true;
+  }
+
+  bool soundList(std::string_view rest, Type type, std::size_t wanted) {
+    NumberList numbers;
+    const char* const end = row_.table->lists ? readSoundList(rest, type, wanted, numbers.values)
+                                              : endOfSoundList(rest, type, wanted);
+    if (end == nullptr) return false;
+    numbers.text = {at_, static_cast<std::size_t>(end - at_)};
+    at_ = end;
+    put(std::move(numbers));
+    return true;
+  }
+
+  void put(NumberList numbers) {
+    if (!row_.table->lists) return;
+    row_.lists.push_back(std::move(numbers));
+    *cell_++ = Cell::ofList(&row_.lists.back());
   }
 
   const char* at_;

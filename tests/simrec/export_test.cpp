@@ -1,5 +1,6 @@
 // Exports: what stands at their place after kills, refusals and additions, and rows that are the
 // same in each format. Other engines' opinion of them is a stage of its own.
+#include <fcntl.h>
 #include <signal.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -483,6 +484,35 @@ TEST_F(Exports, KilledAtAnyMomentAreWholeTheNextTime) {
       fs::remove_all(out(format));
       fs::remove_all(folder.path() + "/data/IMG_9");
     }
+  }
+}
+
+TEST_F(Exports, EndedByASignalLeaveNoDraft) {
+  const std::string data = folder.path() + "/data/", draft = folder.path() + "/.csv.simrec";
+  for (int i = 10; i < 1000; ++i) {
+    fs::copy(data + "IMG_0", data + "IMG_" + std::to_string(i),
+             fs::copy_options::create_hard_links);
+  }
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    int status = 0;
+    // On a busy machine it may come when all is done.
+    for (int attempt = 0; attempt < 100 && status == 0; ++attempt) {
+      const pid_t child = fork();
+      if (child == 0) {
+        dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        execl(SIMREC_PROGRAM, "simrec", "--data", data.c_str(), "export", "--format", "csv", "-o",
+              out(ExportFormat::kCsv).c_str(), nullptr);
+        _exit(127);
+      }
+      siginfo_t ended = {};
+      while (!fs::exists(draft) && ended.si_pid == 0) {
+        waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT);
+      }
+      kill(child, signal);
+      waitpid(child, &status, 0);
+    }
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
+    EXPECT_FALSE(fs::exists(draft));
   }
 }
 

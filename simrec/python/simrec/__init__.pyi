@@ -1,3 +1,4 @@
+import builtins
 from os import PathLike
 from typing import Any, Iterator, Optional, Union
 
@@ -39,7 +40,7 @@ class Record:
     @property
     def problems(self) -> tuple[str, ...]: ...
     @property
-    def data(self) -> bytes: ...
+    def data(self) -> builtins.bytes: ...
     # The members: int, float, numpy.ndarray, groups with attributes, tuples of groups.
     def __getattr__(self, name: str) -> Any: ...
 
