@@ -25,9 +25,7 @@ struct Axis {
   std::vector<Tick> ticks = roundTicks(range);
 
   /// How far from the axis' low end.
-  double at(double value) const {
-    return length * (value - range.low) / (range.high - range.low);
-  }
+  double at(double value) const { return length * (value - range.low) / (range.high - range.low); }
 };
 
 /// What axes.html shows. The origin of the drawing is the frame's top left corner; `right` is what

@@ -71,7 +71,7 @@ Json bayerGridView(const Record& record, Ids& ids) {
   view["viewFacts"] = factsOf(grid);
   const auto add = [&](const char* title, const char* list, const char* what, const Field& field) {
     Map map = {title, "", what, std::string(list) + kRegionLists};
-    map.leavesOutliers = &field == &grid.redness || &field == &grid.blueness;
+    map.isRatio = &field == &grid.redness || &field == &grid.blueness;
     view["figures"].push_back(figure(map, field, numbers));
   };
   add("Mean level", "level", "the mean of all samples of each region", grid.level);

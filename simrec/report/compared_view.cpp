@@ -20,9 +20,10 @@ struct FieldPair {
   std::string title;
   const Field& a;
   const Field& b;
+  bool isRatio = false;
 };
 
-Range commonRange(const Extremes& a, const Extremes& b) {
+Range commonRange(const Range& a, const Range& b) {
   return {std::min(a.low, b.low), std::max(a.high, b.high)};
 }
 
@@ -60,7 +61,8 @@ void addFigures(const FieldPair& pair, const Palette& palette, Ids& ids, Json& v
   numbers.add("B", tokensOf(pair.b.values));
   numbers.add("B-A", tokensOf(difference.values));
   Map map = {pair.title + ", A", "", "the first capture", "A B B-A", &palette};
-  map.range = commonRange(extremesOf(pair.a.values), extremesOf(pair.b.values));
+  map.isRatio = pair.isRatio;
+  map.range = commonRange(rangeOf(map, pair.a), rangeOf(map, pair.b));
   view["figures"].push_back(figure(map, pair.a, numbers));
   map.title = pair.title + ", B";
   map.what = "the second capture";
@@ -68,6 +70,7 @@ void addFigures(const FieldPair& pair, const Palette& palette, Ids& ids, Json& v
   map.title = pair.title + ", B - A";
   map.what = "the second capture less the first one";
   map.palette = &divergingPalette();
+  map.isRatio = false;
   map.range = Range::around(most);
   Json shown = figure(map, difference, numbers);
   shown["summary"] = sentenceFor(difference);
@@ -78,8 +81,8 @@ void addFigures(const FieldPair& pair, const Palette& palette, Ids& ids, Json& v
 void addGrids(const Record& a, const Record& b, Ids& ids, Json& view) {
   const BayerGrid first = bayerGridOf(a.values), second = bayerGridOf(b.values);
   const FieldPair pairs[] = {{"Mean level", first.level, second.level},
-                             {"R/G", first.redness, second.redness},
-                             {"B/G", first.blueness, second.blueness}};
+                             {"R/G", first.redness, second.redness, true},
+                             {"B/G", first.blueness, second.blueness, true}};
   for (const FieldPair& pair : pairs) addFigures(pair, sequentialPalette(), ids, view);
 }
 

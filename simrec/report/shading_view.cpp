@@ -96,11 +96,12 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
   const std::vector<bool> share = sharers(diagonals);
   const Range range = rangeOf(diagonals, share);
   if (!(range.low < range.high)) return false;
-  const Axis across = {"distance from the centre",
-                       {-1, 1},
-                       kChartWidth,
-                       {{-1, "1"}, {-0.5, "0.5"}, {0, "0"}, {0.5, "0.5"}, {1, "1"}}};
-  const Axis up = {"gain", range, kChartHeight};
+  const Axis across = {
+      "distance from the centre (corner: 1)",
+      {-1, 1},
+      kChartWidth,
+      {{-1, "top left"}, {-0.5, "0.5"}, {0, "0"}, {0.5, "0.5"}, {1, "bottom right"}}};
+  const Axis up = {"gain (centre: 1)", range, kChartHeight};
   Json lines = Json::array();
   std::string lists, wild;
   std::size_t steps = 1;
@@ -122,7 +123,7 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
   }
   placeNames(lines);
   return {{"lines", lines},
-          {"axes", axesOf(across, up, 36)},
+          {"axes", axesOf(across, up, 40)},
           {"chartNumbers", numbers.id()},
           {"chartLists", lists},
           {"chartWild", wild.empty() ? Json(false) : Json(wild)},
