@@ -11,6 +11,21 @@ namespace {
 /// Room for the numbers, the titles and half a line.
 constexpr double kLeft = 60, kTop = 8, kBottom = 44;
 
+/// What large numbers are told in, and from where on.
+struct Prefix {
+  double from, unit;
+  const char* name;
+};
+
+Prefix prefixFor(double largest) {
+  constexpr Prefix kPrefixes[] = {
+      {1e15, 1, ""}, {1e12, 1e12, " T"}, {1e9, 1e9, " G"}, {1e6, 1e6, " M"}, {1e4, 1e3, " k"}};
+  for (const Prefix& prefix : kPrefixes) {
+    if (largest >= prefix.from) return prefix;
+  }
+  return {0, 1, ""};
+}
+
 std::string coordinate(double value) { return fmt::format("{:.1f}", value); }
 
 Json ticksOf(const Axis& axis, bool up) {
@@ -35,11 +50,13 @@ std::vector<Tick> roundTicks(const Range& range) {
   // Enough digits to tell one from the next.
   const double largest = std::max(std::fabs(range.low), std::fabs(range.high));
   const int digits = std::clamp(static_cast<int>(std::log10(largest / step)) + 2, 6, 17);
+  const Prefix prefix = prefixFor(largest);
   std::vector<Tick> ticks;
   const double first = std::ceil(range.low / step);
   for (double i = 0; i <= kMost && (first + i) * step <= range.high; ++i) {
     const double value = (first + i) * step + 0.0;  // -0 becomes 0
-    ticks.push_back({value, fmt::format("{:.{}g}", value, digits)});
+    ticks.push_back({value, fmt::format("{:.{}g}{}", value / prefix.unit, digits,
+                                        value == 0 ? "" : prefix.name)});
   }
   return ticks;
 }

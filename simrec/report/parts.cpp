@@ -89,7 +89,9 @@ Json bareFigure(const Map& map, const Field& shape, const std::string& summary) 
 }  // namespace
 
 Json cell(std::string text, bool marked) {
-  return {{"cellText", std::move(text)}, {"marked", marked}};
+  constexpr std::size_t kOneLine = 24;  // numbers and a few words
+  const bool isLong = text.size() > kOneLine;
+  return {{"cellText", std::move(text)}, {"marked", marked}, {"isLong", isLong}};
 }
 
 Json row(std::string name, std::vector<Json> cells, const std::string& swatch) {
