@@ -102,17 +102,39 @@ void addPlanes(const Record& a, const Record& b, Ids& ids, Json& view) {
   addFigures({"Y plane", first.means, second.means}, greyPalette(), ids, view);
 }
 
+/// The key of the maps, and how much each label won and lost.
+Json labelTable(const LabelMap& a, const LabelMap& b, const std::vector<std::uint64_t>& won,
+                const std::vector<std::uint64_t>& lost) {
+  Json rows = Json::array();
+  for (std::size_t label = 0; label < won.size(); ++label) {
+    if (a.counts[label] == 0 && b.counts[label] == 0) continue;
+    rows.push_back(row(fmt::format("Label {}", label),
+                       {cell(fmt::format("{:.2f} %", 100 * a.shareOf(label))),
+                        cell(fmt::format("{:.2f} %", 100 * b.shareOf(label))),
+                        cell(std::to_string(won[label])), cell(std::to_string(lost[label]))},
+                       hexOf(labelPalette()[label])));
+  }
+  return table(
+      "Labels and their colours",
+      {"Label", "Share of A", "Share of B", "Places that became so", "Places that were so"},
+      std::move(rows));
+}
+
 /// The labels of B where they are others than those of A.
 void addLabels(const Record& a, const Record& b, Ids& ids, Json& view) {
   const auto first = labelMapOf(a.values), second = labelMapOf(b.values);
   if (!first || !second || first->columns != second->columns || first->rows != second->rows) return;
   const std::size_t columns = first->columns, rows = first->rows;
   std::vector<Color> changes;
+  std::vector<std::uint64_t> won(labelPalette().size()), lost(won.size());
   std::size_t changed = 0;
   for (std::size_t i = 0; i < first->labels.size(); ++i) {
     const bool differs = first->labels[i] != second->labels[i];
     changes.push_back(differs ? labelPalette()[second->labels[i]] : Color{255, 255, 255});
-    changed += differs ? 1 : 0;
+    if (!differs) continue;
+    ++changed;
+    ++won[second->labels[i]];
+    ++lost[first->labels[i]];
   }
   if (changed == 0) return;
   Numbers numbers(ids);
@@ -135,8 +157,9 @@ void addLabels(const Record& a, const Record& b, Ids& ids, Json& view) {
   add("Changed labels", "the labels of B where they are others than in A, on white",
       pngOf(columns, rows, changes),
       fmt::format(
-          "{} of {} labels changed ({}).", changed, first->labels.size(),
+          "{} of {} labels changed ({}); the others are white.", changed, first->labels.size(),
           percentage(static_cast<double>(changed) / static_cast<double>(first->labels.size()))));
+  view["tables"].push_back(labelTable(*first, *second, won, lost));
   view["dataSets"].push_back(numbers.json());
 }
 
