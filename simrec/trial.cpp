@@ -22,7 +22,7 @@ namespace {
 using State = TrialSheet::State;
 
 /// Larger live records than this don't stay in memory.
-constexpr std::size_t kMostKept = std::size_t{1} << 20;
+constexpr std::size_t kMostKept = std::size_t{4} << 20;
 
 void putQuestion(TrialSheet& sheet, const Codec& codec, const std::string& path, std::size_t size) {
   sheet.codec = &codec;

@@ -90,8 +90,9 @@ Json bareFigure(const Map& map, const Field& shape, const std::string& summary) 
 
 Json cell(std::string text, bool marked) {
   constexpr std::size_t kOneLine = 24;  // numbers and a few words
-  const bool isLong = text.size() > kOneLine;
-  return {{"cellText", std::move(text)}, {"marked", marked}, {"isLong", isLong}};
+  std::string looks = marked ? "marked" : "";
+  if (text.size() > kOneLine) looks += looks.empty() ? "long" : " long";
+  return {{"cellText", std::move(text)}, {"cellClass", std::move(looks)}};
 }
 
 Json row(std::string name, std::vector<Json> cells, const std::string& swatch) {
