@@ -176,7 +176,7 @@ test('lines and bars tell their numbers', async () => {
       const first = parse(await readout.textContent()).values[0];
       const wanted = values.channelDatas?.[0] ?? values.rGain[0] / values.rGain[110];
       assert.ok(isShown(first[1], wanted), `${first} instead of ${wanted}`);
-      const box = await plot.boundingBox();
+      const box = await plot.locator('.frame').boundingBox();
       await page.mouse.move(box.x + box.width / 2, box.y + box.height / 2);
       await page.waitForFunction((element) => !element.textContent.startsWith('number 0'), await readout.elementHandle());
       const { index, values: told } = parse(await readout.textContent());
