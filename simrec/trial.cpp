@@ -88,18 +88,21 @@ Trial TrialRunner::tryReadback(const Codec& codec, const std::string& path) {
   throw std::system_error(ECHILD, std::generic_category(), "no process to try readbacks in");
 }
 
-Trial TrialRunner::gather(const Codec& codec, std::size_t size) const {
+Trial TrialRunner::gather(const Codec& codec, std::size_t size) {
   const TrialSheet& sheet = memory_->sheet();
   const char* const live = memory_->live(0, size);
   Trial trial;
   trial.end = sheet.end;
   trial.exception.assign(sheet.exception, strnlen(sheet.exception, sizeof sheet.exception));
   trial.log = sheet.lines();
-  trial.result.assign(live, size);
   if (sheet.compared) {
     trial.replaced = compare(codec, live, memory_->live(1, size), size);
   }
-  if (size > kMostKept) memory_->release();
+  liveRecord_ = {live, size};
+  if (size > kMostKept) {
+    liveRecord_ = {};
+    memory_->release();
+  }
   return trial;
 }
 
