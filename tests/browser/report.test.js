@@ -369,9 +369,12 @@ for (const colorScheme of ['light', 'dark']) {
 test('the button turns dark to light and back', async () => {
   await onEach(['overview'], async (page) => {
     const ground = () => page.evaluate(() => getComputedStyle(document.body).backgroundColor);
-    const dark = await ground();
+    const lines = () => page.evaluate(() => graphs[0].graph.getColors().join());
+    const [dark, bright] = [await ground(), await lines()];
+    assert.match(bright, /^rgb\(/);
     await page.getByRole('button', { name: 'Dark or light' }).click();
     assert.notEqual(await ground(), dark);
+    assert.notEqual(await lines(), bright);
     await page.getByRole('button', { name: 'Dark or light' }).click();
     assert.equal(await ground(), dark);
   }, { colorScheme: 'dark' });
