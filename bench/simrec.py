@@ -11,6 +11,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 
 from measuring import Run, Table, medians, roomy_folder
 
@@ -107,6 +108,34 @@ def link_requests(data, count, files):
         first = first or folder
 
 
+def seconds_to_show(chromium, page, folder):
+    """From the start of a browser until it has painted the page."""
+    start = time.monotonic()
+    subprocess.run([chromium, "--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
+                    f"--user-data-dir={folder}", "--window-size=1280,900",
+                    f"--screenshot={page}.png", f"file://{page}"],
+                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    os.unlink(page + ".png")
+    return time.monotonic() - start
+
+
+def measure_opening(table, page):
+    """What the page takes beyond an empty one; these are seconds of the clock."""
+    chromium = shutil.which("chromium")
+    if chromium is None:
+        print("no chromium: the page is not opened", file=sys.stderr)
+        return
+    empty = page + ".empty.html"
+    with open(empty, "w", encoding="utf-8") as file:
+        file.write("<!DOCTYPE html><title>empty</title>")
+    with tempfile.TemporaryDirectory(prefix="simrec-bench-") as folder:
+        def beyond_empty():
+            return min(seconds_to_show(chromium, page, folder) -
+                       seconds_to_show(chromium, empty, folder) for _ in range(3))
+        seconds_to_show(chromium, empty, folder)  # makes its folder
+        table.row("report, the same: s until Chromium shows it", beyond_empty, 2)
+
+
 def measure_report(table, simrec, data, capture, small):
     page = data + ".html"
     image = [simrec, "--data", os.path.dirname(capture), "report", os.path.basename(capture),
@@ -124,6 +153,7 @@ def measure_report(table, simrec, data, capture, small):
               lambda: medians(3, all=everything)["all"], 3)
     table.row("report, the same: MB of the page", megabytes, 8)
     table.row("report, the same: MB", lambda: Run(*everything).memory, 64)
+    measure_opening(table, page)
 
 
 def main():

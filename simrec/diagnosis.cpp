@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -28,14 +29,18 @@ bool isSoundlyEmpty(const Trial& trial, const Record& record) {
 
 /// What a readback that returned has replaced of what it could.
 Readback extentOf(const Trial& trial, const Record& record) {
-  const std::vector<std::uint8_t> wanted = replaceableBytes(record, trial.replaced.size());
-  bool all = true, any = false;
-  for (std::size_t i = 0; i < trial.replaced.size(); ++i) {
-    any = any || trial.replaced[i] != 0;
-    all = all && (wanted[i] == 0 || trial.replaced[i] != 0);
+  const auto& replaced = trial.replaced;
+  const bool everything =
+      !replaced.empty() && std::memchr(replaced.data(), 0, replaced.size()) == nullptr;
+  if (everything) return Readback::kWhole;
+  const std::vector<std::uint8_t> wanted = replaceableBytes(record, replaced.size());
+  std::uint8_t left = 0, any = 0;  // without branches: records may have millions of bytes
+  for (std::size_t i = 0; i < replaced.size(); ++i) {
+    any |= replaced[i];
+    left |= static_cast<std::uint8_t>(wanted[i] & ~replaced[i]);
   }
-  if (all && (any || isSoundlyEmpty(trial, record))) return Readback::kWhole;
-  return any ? Readback::kPartly : Readback::kNone;
+  if (left == 0 && (any != 0 || isSoundlyEmpty(trial, record))) return Readback::kWhole;
+  return any != 0 ? Readback::kPartly : Readback::kNone;
 }
 
 Readback verdictOf(const Trial& trial, const Record& record) {

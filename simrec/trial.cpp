@@ -22,7 +22,7 @@ namespace {
 using State = TrialSheet::State;
 
 /// Larger live records than this don't stay in memory.
-constexpr std::size_t kMostKept = std::size_t{1} << 20;
+constexpr std::size_t kMostKept = std::size_t{4} << 20;
 
 void putQuestion(TrialSheet& sheet, const Codec& codec, const std::string& path, std::size_t size) {
   sheet.codec = &codec;
@@ -88,18 +88,21 @@ Trial TrialRunner::tryReadback(const Codec& codec, const std::string& path) {
   throw std::system_error(ECHILD, std::generic_category(), "no process to try readbacks in");
 }
 
-Trial TrialRunner::gather(const Codec& codec, std::size_t size) const {
+Trial TrialRunner::gather(const Codec& codec, std::size_t size) {
   const TrialSheet& sheet = memory_->sheet();
   const char* const live = memory_->live(0, size);
   Trial trial;
   trial.end = sheet.end;
   trial.exception.assign(sheet.exception, strnlen(sheet.exception, sizeof sheet.exception));
   trial.log = sheet.lines();
-  trial.result.assign(live, size);
   if (sheet.compared) {
     trial.replaced = compare(codec, live, memory_->live(1, size), size);
   }
-  if (size > kMostKept) memory_->release();
+  liveRecord_ = {live, size};
+  if (size > kMostKept) {
+    liveRecord_ = {};
+    memory_->release();
+  }
   return trial;
 }
 

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/raw_file.h"
@@ -40,9 +41,6 @@ struct Trial {
   End end = End::kCrashed;
   std::string exception;     ///< of kThrew: "invalid_argument", "out_of_range", ...
   std::vector<LogLine> log;  ///< of the first run, up to its end
-
-  /// The live record after the first run, however it ended.
-  std::string result;
 
   /// One for each byte of the live record: 1 when the file told it, whatever was there
   /// before. Prepared bytes count as told when all others are. Empty unless both runs
@@ -76,10 +74,14 @@ class TrialRunner {
   /// can be had.
   Trial tryReadback(const Codec& codec, const std::string& path);
 
+  /// The live record after the first run of the last trial, however that ended. Good until the
+  /// next one; empty for a record of more than 4 MB.
+  std::string_view liveRecord() const { return liveRecord_; }
+
  private:
   enum class Answer { kDone, kLast, kGone, kLate };
 
-  Trial gather(const Codec& codec, std::size_t size) const;
+  Trial gather(const Codec& codec, std::size_t size);
   void startChild();
   Answer ask();
   Answer waitForAnswer() const;
@@ -88,6 +90,7 @@ class TrialRunner {
   const TrialLimits limits_;
   const std::function<void()> waiting_;
   const std::unique_ptr<TrialMemory> memory_;
+  std::string_view liveRecord_;
   pid_t child_ = -1;
   std::optional<simulation::FileDescriptor> socket_;
 };

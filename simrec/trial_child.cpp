@@ -121,10 +121,9 @@ End readBack(TrialSheet& sheet, char* live) {
 
 /// Bytes that differ between the two live records, everywhere.
 void fill(char* live, std::size_t size, std::size_t which) {
-  const unsigned int flip = which == 0 ? 0 : 0xFF;
-  for (std::size_t i = 0; i < size; ++i) {
-    live[i] = static_cast<char>(static_cast<std::uint8_t>(i + 3) ^ flip);
-  }
+  const std::uint8_t flip = which == 0 ? 0 : 0xFF;
+  std::uint8_t next = 3;
+  for (std::size_t i = 0; i < size; ++i, ++next) live[i] = static_cast<char>(next ^ flip);
 }
 
 void runTrial(const TrialMemory& memory) {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "simrec/report/axes.h"
 #include "simrec/report/bayer_grid.h"
 #include "simrec/report/views.h"
 #include "simrec/text.h"
@@ -9,17 +10,13 @@
 namespace simrec::report {
 namespace {
 
-/// The plane of R/G and B/G, in its own units.
-constexpr double kPlotWidth = 360, kPlotHeight = 260;
-
 /// Every region as a dot of one path.
-std::string dotsOf(const BayerGrid& grid, const Extremes& x, const Extremes& y) {
+std::string dotsOf(const BayerGrid& grid, const Axis& across, const Axis& up) {
   std::string path;
   for (std::size_t i = 0; i < grid.regions; ++i) {
     const double red = grid.redness.values[i], blue = grid.blueness.values[i];
     if (!std::isfinite(red) || !std::isfinite(blue)) continue;
-    path += fmt::format("M{:.1f} {:.1f}h0", kPlotWidth * (red - x.low) / (x.high - x.low),
-                        kPlotHeight * (y.high - blue) / (y.high - y.low));
+    path += fmt::format("M{:.1f} {:.1f}h0", across.at(red), up.length - up.at(blue));
   }
   return path;
 }
@@ -27,14 +24,10 @@ std::string dotsOf(const BayerGrid& grid, const Extremes& x, const Extremes& y) 
 Json scatterOf(const BayerGrid& grid, const Numbers& numbers) {
   const Extremes x = extremesOf(grid.redness.values), y = extremesOf(grid.blueness.values);
   if (x.isFlat() || y.isFlat()) return false;
+  const Axis across = {"R/G", {x.low, x.high}, 250}, up = {"B/G", {y.low, y.high}, 190};
   return {
-      {"dots", dotsOf(grid, x, y)},
-      {"plotWidth", kPlotWidth},
-      {"plotHeight", kPlotHeight},
-      {"xLow", rounded(x.low)},
-      {"xHigh", rounded(x.high)},
-      {"yLow", rounded(y.low)},
-      {"yHigh", rounded(y.high)},
+      {"dots", dotsOf(grid, across, up)},
+      {"axes", axesOf(across, up)},
       {"scatterNumbers", numbers.id()},
       {"scatterColumns", grid.columns},
       {"scatterSummary",
@@ -78,7 +71,7 @@ Json bayerGridView(const Record& record, Ids& ids) {
   view["viewFacts"] = factsOf(grid);
   const auto add = [&](const char* title, const char* list, const char* what, const Field& field) {
     Map map = {title, "", what, std::string(list) + kRegionLists};
-    map.leavesOutliers = &field == &grid.redness || &field == &grid.blueness;
+    map.isRatio = &field == &grid.redness || &field == &grid.blueness;
     view["figures"].push_back(figure(map, field, numbers));
   };
   add("Mean level", "level", "the mean of all samples of each region", grid.level);

@@ -20,9 +20,10 @@ struct FieldPair {
   std::string title;
   const Field& a;
   const Field& b;
+  bool isRatio = false;
 };
 
-Range commonRange(const Extremes& a, const Extremes& b) {
+Range commonRange(const Range& a, const Range& b) {
   return {std::min(a.low, b.low), std::max(a.high, b.high)};
 }
 
@@ -60,7 +61,8 @@ void addFigures(const FieldPair& pair, const Palette& palette, Ids& ids, Json& v
   numbers.add("B", tokensOf(pair.b.values));
   numbers.add("B-A", tokensOf(difference.values));
   Map map = {pair.title + ", A", "", "the first capture", "A B B-A", &palette};
-  map.range = commonRange(extremesOf(pair.a.values), extremesOf(pair.b.values));
+  map.isRatio = pair.isRatio;
+  map.range = commonRange(rangeOf(map, pair.a), rangeOf(map, pair.b));
   view["figures"].push_back(figure(map, pair.a, numbers));
   map.title = pair.title + ", B";
   map.what = "the second capture";
@@ -68,6 +70,7 @@ void addFigures(const FieldPair& pair, const Palette& palette, Ids& ids, Json& v
   map.title = pair.title + ", B - A";
   map.what = "the second capture less the first one";
   map.palette = &divergingPalette();
+  map.isRatio = false;
   map.range = Range::around(most);
   Json shown = figure(map, difference, numbers);
   shown["summary"] = sentenceFor(difference);
@@ -78,8 +81,8 @@ void addFigures(const FieldPair& pair, const Palette& palette, Ids& ids, Json& v
 void addGrids(const Record& a, const Record& b, Ids& ids, Json& view) {
   const BayerGrid first = bayerGridOf(a.values), second = bayerGridOf(b.values);
   const FieldPair pairs[] = {{"Mean level", first.level, second.level},
-                             {"R/G", first.redness, second.redness},
-                             {"B/G", first.blueness, second.blueness}};
+                             {"R/G", first.redness, second.redness, true},
+                             {"B/G", first.blueness, second.blueness, true}};
   for (const FieldPair& pair : pairs) addFigures(pair, sequentialPalette(), ids, view);
 }
 
@@ -99,17 +102,39 @@ void addPlanes(const Record& a, const Record& b, Ids& ids, Json& view) {
   addFigures({"Y plane", first.means, second.means}, greyPalette(), ids, view);
 }
 
+/// The key of the maps, and how much each label won and lost.
+Json labelTable(const LabelMap& a, const LabelMap& b, const std::vector<std::uint64_t>& won,
+                const std::vector<std::uint64_t>& lost) {
+  Json rows = Json::array();
+  for (std::size_t label = 0; label < won.size(); ++label) {
+    if (a.counts[label] == 0 && b.counts[label] == 0) continue;
+    rows.push_back(row(fmt::format("Label {}", label),
+                       {cell(fmt::format("{:.2f} %", 100 * a.shareOf(label))),
+                        cell(fmt::format("{:.2f} %", 100 * b.shareOf(label))),
+                        cell(std::to_string(won[label])), cell(std::to_string(lost[label]))},
+                       hexOf(labelPalette()[label])));
+  }
+  return table(
+      "Labels and their colours",
+      {"Label", "Share of A", "Share of B", "Places that became so", "Places that were so"},
+      std::move(rows));
+}
+
 /// The labels of B where they are others than those of A.
 void addLabels(const Record& a, const Record& b, Ids& ids, Json& view) {
   const auto first = labelMapOf(a.values), second = labelMapOf(b.values);
   if (!first || !second || first->columns != second->columns || first->rows != second->rows) return;
   const std::size_t columns = first->columns, rows = first->rows;
   std::vector<Color> changes;
+  std::vector<std::uint64_t> won(labelPalette().size()), lost(won.size());
   std::size_t changed = 0;
   for (std::size_t i = 0; i < first->labels.size(); ++i) {
     const bool differs = first->labels[i] != second->labels[i];
     changes.push_back(differs ? labelPalette()[second->labels[i]] : Color{255, 255, 255});
-    changed += differs ? 1 : 0;
+    if (!differs) continue;
+    ++changed;
+    ++won[second->labels[i]];
+    ++lost[first->labels[i]];
   }
   if (changed == 0) return;
   Numbers numbers(ids);
@@ -132,8 +157,9 @@ void addLabels(const Record& a, const Record& b, Ids& ids, Json& view) {
   add("Changed labels", "the labels of B where they are others than in A, on white",
       pngOf(columns, rows, changes),
       fmt::format(
-          "{} of {} labels changed ({}).", changed, first->labels.size(),
+          "{} of {} labels changed ({}); the others are white.", changed, first->labels.size(),
           percentage(static_cast<double>(changed) / static_cast<double>(first->labels.size()))));
+  view["tables"].push_back(labelTable(*first, *second, won, lost));
   view["dataSets"].push_back(numbers.json());
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 #include "simrec/selection.h"
 #include "simrec/text.h"
@@ -12,8 +13,10 @@
 namespace simrec::report {
 namespace {
 
-/// More members of a record are only counted.
+/// More differences of a kind are only counted.
 constexpr std::size_t kMostRows = 200;
+
+constexpr char kProblem[] = "problem";
 
 std::string numberText(const std::optional<Number>& number) {
   return number ? simrec::textOf(*number) : "missing";
@@ -21,14 +24,6 @@ std::string numberText(const std::optional<Number>& number) {
 
 std::string listText(std::optional<std::size_t> size) {
   return size ? counted(*size, "number") : "missing";
-}
-
-Json rowFor(const MemberDifference& member) {
-  return row(member.name,
-             {cell(numberText(member.a)), cell(numberText(member.b)),
-              cell(member.absolute ? fmt::format("by {} ({})", simrec::roughly(*member.absolute),
-                                                 percentage(member.relative))
-                                   : std::string("in one of them"))});
 }
 
 std::string wordsFor(const ListDifference& list, bool labels) {
@@ -44,99 +39,181 @@ std::string wordsFor(const ListDifference& list, bool labels) {
   return text;
 }
 
-void addRows(const RecordDifference& difference, Json& rows) {
-  for (const MemberDifference& member : difference.members) rows.push_back(rowFor(member));
-  const bool labels = !difference.labels.empty();
-  for (const ListDifference& list : difference.lists) {
-    rows.push_back(row(
-        list.name, {cell(listText(list.a)), cell(listText(list.b)), cell(wordsFor(list, labels))}));
-  }
-  for (const LabelChange& change : difference.labels) {
-    rows.push_back(row("label", {cell(std::to_string(change.from)), cell(std::to_string(change.to)),
-                                 cell(fmt::format("{} times", change.count))}));
-  }
-  if (difference.bytes.bytes > 0) {
-    rows.push_back(
-        row("bytes", {cell(""), cell(""),
-                      cell(fmt::format("{} in {}", counted(difference.bytes.bytes, "byte"),
-                                       counted(difference.bytes.rangeCount, "range")))}));
-  }
-  for (const std::string& problem : difference.problemsOfA) {
-    rows.push_back(row("problem", {cell(problem, true), cell(""), cell("")}));
-  }
-  for (const std::string& problem : difference.problemsOfB) {
-    rows.push_back(row("problem", {cell(""), cell(problem, true), cell("")}));
-  }
+std::string wordsFor(const MemberDifference& member) {
+  if (!member.absolute) return "in one of them";
+  return fmt::format("by {} ({})", simrec::roughly(*member.absolute), percentage(member.relative));
 }
 
-/// The table of a pair that differs.
-Json differenceTable(const RecordPair& pair, const RecordDifference& difference) {
-  Json rows = Json::array();
-  addRows(difference, rows);
-  if (rows.empty()) return nullptr;
-  const std::size_t more = rows.size() > kMostRows ? rows.size() - kMostRows : 0;
-  if (more > 0) rows.erase(rows.begin() + kMostRows, rows.end());
-  std::string caption = printable(pair.any().name);
-  if (pair.a && pair.b && pair.a->name != pair.b->name)
-    caption += " and " + printable(pair.b->name);
-  caption += std::string(": ") + nameOf(difference.outcome);
-  if (more > 0) caption += fmt::format(" ({} are not shown)", counted(more, "more row"));
-  return table(caption, {"Member", "A", "B", "Difference"}, std::move(rows));
+/// "Camera 0, preview", and how the other's file is told where that is another.
+std::string titleOfPair(const RecordPair& pair) {
+  const std::string title = titleOf(*pair.any().parts);
+  const std::string other = pair.a && pair.b ? titleOf(*pair.b->parts) : title;
+  return other == title ? title : title + " and " + other;
 }
+
+/// Rows of texts, each told once for all records that have the same.
+class Merged {
+ public:
+  using Texts = std::vector<std::string>;
+
+  struct Row {
+    Texts texts;
+    std::string records;
+    double rank;
+  };
+
+  void add(const std::string& record, Texts texts, double rank = 0) {
+    const auto [found, isNew] = places_.try_emplace(texts, rows_.size());
+    if (isNew) {
+      rows_.push_back({std::move(texts), record, rank});
+    } else {
+      rows_[found->second].records += "; " + record;
+    }
+  }
+
+  const std::vector<Row>& rows() const { return rows_; }
+
+  /// The first ones by rank.
+  std::vector<Row> most(std::size_t count) const {
+    std::vector<Row> rows = rows_;
+    std::stable_sort(rows.begin(), rows.end(),
+                     [](const Row& a, const Row& b) { return a.rank > b.rank; });
+    rows.resize(std::min(rows.size(), count));
+    return rows;
+  }
+
+ private:
+  std::vector<Row> rows_;
+  std::map<Texts, std::size_t> places_;
+};
+
+/// The first text is the row's name; records are told last.
+Json rowsFor(const std::vector<Merged::Row>& merged) {
+  Json rows = Json::array();
+  for (const Merged::Row& each : merged) {
+    std::vector<Json> cells;
+    const bool isProblem = each.texts[0] == kProblem;
+    for (std::size_t i = 1; i < each.texts.size(); ++i) {
+      cells.push_back(cell(each.texts[i], isProblem && !each.texts[i].empty()));
+    }
+    cells.push_back(cell(each.records));
+    rows.push_back(row(each.texts[0], std::move(cells)));
+  }
+  return rows;
+}
+
+/// All differences of the records of one kind.
+class KindTable {
+ public:
+  explicit KindTable(const catalogue::Kind& kind) : kind_(&kind) {}
+
+  const catalogue::Kind& kind() const { return *kind_; }
+
+  void add(const RecordPair& pair, const RecordDifference& difference) {
+    const auto add = [&, title = titleOfPair(pair)](Merged::Texts texts) {
+      merged_.add(title, std::move(texts));
+    };
+    for (const MemberDifference& member : difference.members) {
+      add({member.name, numberText(member.a), numberText(member.b), wordsFor(member)});
+    }
+    const bool labels = !difference.labels.empty();
+    for (const ListDifference& list : difference.lists) {
+      add({list.name, listText(list.a), listText(list.b), wordsFor(list, labels)});
+    }
+    for (const LabelChange& change : difference.labels) {
+      add({"label", std::to_string(change.from), std::to_string(change.to),
+           fmt::format("{} times", change.count)});
+    }
+    for (const std::string& problem : difference.problemsOfA) add({kProblem, problem, "", ""});
+    for (const std::string& problem : difference.problemsOfB) add({kProblem, "", problem, ""});
+  }
+
+  /// Null: there is nothing in it.
+  Json json() const {
+    const std::size_t count = merged_.rows().size();
+    if (count == 0) return nullptr;
+    std::string caption = fmt::format("{}: {}", kind_->name, kind_->content);
+    if (count > kMostRows) {
+      caption += fmt::format(" ({} are not shown)", counted(count - kMostRows, "more row"));
+    }
+    return table(caption, {"Member", "A", "B", "Difference", "Records"},
+                 rowsFor(merged_.most(kMostRows)));
+  }
+
+ private:
+  const catalogue::Kind* kind_;
+  Merged merged_;
+};
+
+/// What differs, kind by kind.
+class DifferenceTables {
+ public:
+  void add(const RecordPair& pair, const RecordDifference& difference) {
+    const catalogue::Kind& kind = *pair.any().parts->kind;
+    if (kinds_.empty() || &kinds_.back().kind() != &kind) kinds_.emplace_back(kind);
+    kinds_.back().add(pair, difference);
+    if (difference.bytes.bytes == 0) return;
+    bytes_.push_back(row(printable(pair.any().name),
+                         {cell(fmt::format("{} in {}", counted(difference.bytes.bytes, "byte"),
+                                           counted(difference.bytes.rangeCount, "range")))}));
+  }
+
+  Json json() {
+    Json tables = Json::array();
+    for (const KindTable& kind : kinds_) {
+      if (Json json = kind.json(); !json.is_null()) tables.push_back(std::move(json));
+    }
+    if (!bytes_.empty()) {
+      tables.push_back(table("Binary records", {"Record", "Bytes that differ"}, std::move(bytes_)));
+    }
+    return tables;
+  }
+
+ private:
+  std::vector<KindTable> kinds_;
+  Json bytes_ = Json::array();
+};
 
 /// The answer above all others: what changed most, and what only one of them has.
 class Summary {
  public:
   void add(const RecordPair& pair, const RecordDifference& difference) {
-    const std::string record = printable(pair.any().name);
     if (!pair.a || !pair.b) {
-      alone_.push_back(row(record, {cell(pair.a ? "A" : "B")}));
+      alone_.push_back(row(printable(pair.any().name), {cell(pair.a ? "A" : "B")}));
       return;
     }
+    const std::string title = titleOfPair(pair);
+    const std::string kind = std::string(pair.any().parts->kind->name) + ".";
     for (const MemberDifference& member : difference.members) {
       if (!member.absolute || !std::isfinite(member.relative)) continue;
-      members_.push_back(
-          {member.relative,
-           row(record, {cell(member.name), cell(numberText(member.a)), cell(numberText(member.b)),
-                        cell(percentage(member.relative))})});
+      members_.add(title,
+                   {kind + member.name, numberText(member.a), numberText(member.b),
+                    percentage(member.relative)},
+                   member.relative);
     }
     for (const ListDifference& list : difference.lists) {
       if (list.count() == 0) continue;
-      const double share = static_cast<double>(list.differing) / static_cast<double>(list.count());
-      lists_.push_back({share, row(record, {cell(list.name),
-                                            cell(wordsFor(list, !difference.labels.empty()))})});
+      lists_.add(title, {kind + list.name, wordsFor(list, !difference.labels.empty())},
+                 static_cast<double>(list.differing) / static_cast<double>(list.count()));
     }
   }
 
   Json tables() {
+    constexpr std::size_t kMost = 8;
     Json tables = Json::array();
     const auto put = [&](Json rows, const char* caption, const std::vector<std::string>& head) {
       if (!rows.empty()) tables.push_back(table(caption, head, std::move(rows)));
     };
-    put(most(members_), "Numbers that changed most, relative to the larger one",
-        {"Record", "Member", "A", "B", "Change"});
-    put(most(lists_), "Lists and pictures of which most changed, and where",
-        {"Record", "List", "Numbers that differ"});
+    put(rowsFor(members_.most(kMost)), "Numbers that changed most, relative to the larger one",
+        {"Member", "A", "B", "Change", "Records"});
+    put(rowsFor(lists_.most(kMost)), "Lists and pictures of which most changed, and where",
+        {"List", "Numbers that differ", "Records"});
     put(std::move(alone_), "Records that only one of them has", {"Record", "Only in"});
     return tables;
   }
 
  private:
-  using Ranked = std::vector<std::pair<double, Json>>;
-
-  /// The first rows by rank.
-  static Json most(Ranked& ranked) {
-    constexpr std::size_t kMost = 8;
-    std::stable_sort(ranked.begin(), ranked.end(),
-                     [](const auto& a, const auto& b) { return a.first > b.first; });
-    Json rows = Json::array();
-    for (const auto& [rank, row] : ranked) {
-      if (rows.size() < kMost) rows.push_back(row);
-    }
-    return rows;
-  }
-
-  Ranked members_, lists_;
+  Merged members_, lists_;
   Json alone_ = Json::array();
 };
 
@@ -150,8 +227,7 @@ void forEachDifference(const Capture& a, const Capture& b, Ids& ids,
                        const std::function<void(const Json& group)>& use) {
   const auto pairs = pairRecords(Selection().of(filesOf(a)), Selection().of(filesOf(b)));
   std::vector<const RecordPair*> pictured;
-  Json group = {
-      {"groupTitle", "All differences"}, {"views", Json::array()}, {"tables", Json::array()}};
+  DifferenceTables differences;
   Summary summary;
   std::size_t differing = 0;
   for (const RecordPair& pair : pairs) {
@@ -159,8 +235,7 @@ void forEachDifference(const Capture& a, const Capture& b, Ids& ids,
     if (difference.outcome == Outcome::kSame) continue;
     ++differing;
     summary.add(pair, difference);
-    Json table = differenceTable(pair, difference);
-    if (!table.is_null()) group["tables"].push_back(std::move(table));
+    differences.add(pair, difference);
     if (pair.a && pair.b && isPictured(*pair.any().parts->kind)) pictured.push_back(&pair);
   }
   const std::string answer =
@@ -176,7 +251,9 @@ void forEachDifference(const Capture& a, const Capture& b, Ids& ids,
     use(pictures);
     pictures["groupTitle"] = "";
   }
-  if (!group["tables"].empty()) use(group);
+  Json tables = differences.json();
+  if (tables.empty()) return;
+  use({{"groupTitle", "All differences"}, {"views", Json::array()}, {"tables", std::move(tables)}});
 }
 
 }  // namespace simrec::report

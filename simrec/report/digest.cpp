@@ -38,10 +38,15 @@ const File* pictureOf(const std::vector<File>& files) {
   return nullptr;
 }
 
+Pictures picturesOf(const catalogue::Kind& kind) {
+  if (!isPictured(kind)) return Pictures::kNone;
+  return showsScene(kind) ? Pictures::kOfScene : Pictures::kOfLens;
+}
+
 void read(const Capture& capture, const std::vector<File>& files, Digest& digest) {
-  digest.isPictured = std::any_of(files.begin(), files.end(), [](const File& file) {
-    return file.isRecord() && isPictured(*file.parts->kind);
-  });
+  for (const File& file : files) {
+    if (file.isRecord()) digest.pictures = std::max(digest.pictures, picturesOf(*file.parts->kind));
+  }
   const File* const picture = pictureOf(files);
   for (const auto& [key, file] : followedFiles(files)) {
     const Record record = readRecord(capture.path, *file);
@@ -56,7 +61,7 @@ void read(const Capture& capture, const std::vector<File>& files, Digest& digest
 }  // namespace
 
 Digest digestOf(const Capture& capture, Doctor& doctor) {
-  Digest digest = {capture, overviewOf(capture), {}, {}, {}, false};
+  Digest digest = {capture, overviewOf(capture), {}, {}, {}, Pictures::kNone};
   try {
     digest.findings = doctor.examine(capture);
     read(capture, filesOf(capture), digest);

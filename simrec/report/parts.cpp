@@ -57,13 +57,25 @@ Range usualRange(std::vector<double> values, const Extremes& extremes) {
   return usual.low < usual.high ? usual : all;
 }
 
+/// Less than `least` counts as that.
+Field logarithmOf(Field field, double least) {
+  for (double& value : field.values) {
+    if (std::isfinite(value)) value = std::log(std::max(value, least));
+  }
+  return field;
+}
+
+Range logarithmOf(const Range& range) { return {std::log(range.low), std::log(range.high)}; }
+
 /// An end beyond which there are values has a sign.
-Json scaleOf(const Range& range, const Extremes& extremes, const Map& map) {
+Json scaleOf(const Range& range, const Extremes& extremes, const Map& map, bool logarithmic) {
+  const double middle =
+      logarithmic ? std::sqrt(range.low * range.high) : (range.low + range.high) / 2;
   const char* const below = extremes.low < range.low ? "\xE2\x89\xA4 " : "";
   const char* const above = extremes.high > range.high ? "\xE2\x89\xA5 " : "";
   return {{"scaleImage", scaleImage(*map.palette)},
           {"low", below + rounded(range.low)},
-          {"middle", rounded((range.low + range.high) / 2)},
+          {"middle", rounded(middle) + (logarithmic ? " (log)" : "")},
           {"high", above + withUnit(rounded(range.high), map.unit)}};
 }
 
@@ -77,7 +89,10 @@ Json bareFigure(const Map& map, const Field& shape, const std::string& summary) 
 }  // namespace
 
 Json cell(std::string text, bool marked) {
-  return {{"cellText", std::move(text)}, {"marked", marked}};
+  constexpr std::size_t kOneLine = 24;  // numbers and a few words
+  std::string looks = marked ? "marked" : "";
+  if (text.size() > kOneLine) looks += looks.empty() ? "long" : " long";
+  return {{"cellText", std::move(text)}, {"cellClass", std::move(looks)}};
 }
 
 Json row(std::string name, std::vector<Json> cells, const std::string& swatch) {
@@ -110,15 +125,22 @@ std::string placeOf(std::size_t index, std::size_t columns) {
   return fmt::format("column {}, row {} (number {})", index % columns, index / columns, index);
 }
 
+Range rangeOf(const Map& map, const Field& field) {
+  const Extremes extremes = extremesOf(field.values);
+  return map.isRatio && extremes.count > 0 ? usualRange(field.values, extremes)
+                                           : Range{extremes.low, extremes.high};
+}
+
 Json figure(const Map& map, const Field& field, const Numbers& numbers) {
   const Extremes extremes = extremesOf(field.values);
   Json json = bareFigure(map, field, summaryOf(map, field, extremes));
   if (!field.isDrawable() || extremes.isFlat()) return json;
-  const Range own =
-      map.leavesOutliers ? usualRange(field.values, extremes) : Range{extremes.low, extremes.high};
-  const Range range = map.range.value_or(own);
-  json["png"] = base64(pngOf(field, range, *map.palette));
-  json["scale"] = scaleOf(range, extremes, map);
+  const Range range = map.range.value_or(rangeOf(map, field));
+  const bool logarithmic = map.isRatio && range.low > 0;
+  json["png"] =
+      base64(logarithmic ? pngOf(logarithmOf(field, range.low), logarithmOf(range), *map.palette)
+                         : pngOf(field, range, *map.palette));
+  json["scale"] = scaleOf(range, extremes, map, logarithmic);
   json["numbersId"] = numbers.id();
   return json;
 }

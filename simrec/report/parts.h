@@ -56,9 +56,13 @@ struct Map {
   std::string what;   ///< for those who don't see it
   std::string lists;  ///< names of the lists in its numbers that are read out, blanks between
   const Palette* palette = &sequentialPalette();
-  std::optional<Range> range = {};  ///< else all of its own values
-  bool leavesOutliers = false;      ///< the ends stand for the utmost 2 % as well
+  std::optional<Range> range = {};  ///< else `rangeOf` the field
+  /// Of a quantity and another: a logarithmic scale, whose ends stand for the utmost 2 % as well.
+  bool isRatio = false;
 };
+
+/// What the ends of the field's own scale stand for.
+Range rangeOf(const Map& map, const Field& field);
 
 /// A field as a figure with its scale. One that has no shape, or the same number everywhere, is
 /// told in words alone.

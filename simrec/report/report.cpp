@@ -34,6 +34,8 @@ class Page {
       step();
     }
     chooseSections();
+    timelines_ = timelines(digests_);
+    consistency_ = requestConsistency(digests_);
   }
 
   std::size_t write() {
@@ -48,6 +50,10 @@ class Page {
   }
 
  private:
+  bool isComparedWithItself() const {
+    return request_.compared && request_.compared->first.path == request_.compared->second.path;
+  }
+
   bool isNamed() const { return !request_.captures.empty() || request_.compared; }
 
   /// Each one once.
@@ -73,15 +79,15 @@ class Page {
                        [&](const Capture& each) { return each.path == capture.path; });
   }
 
-  /// The newest images, those first that have a picture to show.
+  /// The newest images, those first that have most to show.
   std::vector<std::size_t> newestImages() const {
     std::vector<std::size_t> images;
     for (std::size_t i = 0; i < digests_.size(); ++i) {
       if (digests_[i].capture.kind == CaptureKind::kImage) images.push_back(i);
     }
     const auto rank = [&](std::size_t i) {
-      return std::pair(digests_[i].isPictured, digests_[i].overview.newest.value_or(
-                                                   std::numeric_limits<std::int64_t>::min()));
+      return std::pair(digests_[i].pictures, digests_[i].overview.newest.value_or(
+                                                 std::numeric_limits<std::int64_t>::min()));
     };
     std::stable_sort(images.begin(), images.end(),
                      [&](std::size_t a, std::size_t b) { return rank(a) > rank(b); });
@@ -108,9 +114,17 @@ class Page {
   /// A page of one capture tells of it alone.
   bool isOfMany() const { return !isNamed() || digests_.size() > 1; }
 
+  /// Of a few that were named, only if there is something to see.
+  bool hasTimelines() const {
+    return isOfMany() && (!isNamed() || timelines_.is_object() || consistency_.is_object());
+  }
+
   void put(const char* name, const Json& data) { write_(filled(name, data)); }
 
   std::string title() const {
+    if (isComparedWithItself()) {
+      return printable(request_.compared->first.name) + " and itself: no difference";
+    }
     if (request_.compared) {
       return fmt::format("{} and {}", printable(request_.compared->first.name),
                          printable(request_.compared->second.name));
@@ -139,7 +153,7 @@ class Page {
                       {"pageFacts", facts()},
                       {"compared", request_.compared.has_value()},
                       {"large", large},
-                      {"hasTimelines", isOfMany()},
+                      {"hasTimelines", hasTimelines()},
                       {"hasCaptures", isOfMany()},
                       {"plotHash", asset("dygraph.js").hash},
                       {"scriptHash", asset("page.js").hash},
@@ -162,11 +176,11 @@ class Page {
          {"findingsSentence", sentence},
          {"soundSentence",
           digests_.empty() ? "There are no captures." : "No file is damaged, missing or unknown."},
-         {"hasTimelines", isOfMany()},
+         {"hasTimelines", hasTimelines()},
          {"hasCaptures", isOfMany()},
          {"findingList", std::move(findings)},
-         {"timelines", timelines(digests_)},
-         {"consistency", requestConsistency(digests_)},
+         {"timelines", std::move(timelines_)},
+         {"consistency", std::move(consistency_)},
          {"captureList", overviewRows(digests_, sections_)}});
   }
 
@@ -197,6 +211,7 @@ class Page {
   std::vector<Digest> digests_;
   std::vector<std::string> sections_;  ///< of each capture, its id; empty: it has none
   std::vector<bool> isLarge_;
+  Json timelines_, consistency_;
   Ids ids_;
 };
 

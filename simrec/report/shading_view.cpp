@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "simrec/report/axes.h"
 #include "simrec/report/lens_shading.h"
 #include "simrec/report/views.h"
 #include "simrec/wording.h"
@@ -11,7 +12,7 @@
 namespace simrec::report {
 namespace {
 
-constexpr double kChartWidth = 360, kChartHeight = 200;
+constexpr double kChartWidth = 320, kChartHeight = 200;
 
 /// A channel this many times beyond the least one would leave nothing to see of the others.
 constexpr double kWild = 10;
@@ -46,16 +47,45 @@ Range rangeOf(const std::vector<const std::vector<double>*>& lists,
   return {extremes.low, extremes.high};
 }
 
-std::string pointsOf(const std::vector<double>& values, const Range& range) {
-  std::string points;
+/// A sign around a point for each channel, since lines that lie on each other differ in nothing.
+constexpr const char* kSigns[] = {"m-4,0a4,4 0 1,0 8,0a4,4 0 1,0 -8,0z", "m-3.5,-3.5h7v7h-7z",
+                                  "m0,-5l5,9h-10z", "m0,-5l5,5l-5,5l-5,-5z"};
+
+struct Line {
+  std::string points, signs;
+  double end;  ///< how far down its last point is
+};
+
+/// Each line has its signs, every fourth point, at other points than the others.
+Line lineOf(const std::vector<double>& values, const Axis& up, std::size_t which) {
+  Line line = {};
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (!std::isfinite(values[i])) continue;
-    points +=
-        fmt::format("{}{:.1f},{:.1f}", points.empty() ? "" : " ",
-                    kChartWidth * static_cast<double>(i) / static_cast<double>(values.size() - 1),
-                    kChartHeight * (range.high - values[i]) / (range.high - range.low));
+    line.end = up.length - up.at(values[i]);
+    const std::string point = fmt::format(
+        "{:.1f},{:.1f}",
+        kChartWidth * static_cast<double>(i) / static_cast<double>(values.size() - 1), line.end);
+    line.points += (line.points.empty() ? "" : " ") + point;
+    if (i % std::size(kSigns) == which) line.signs += "M" + point + kSigns[which];
   }
-  return points;
+  return line;
+}
+
+/// Names stand where lines end, one below the other where these end at one place.
+void placeNames(Json& lines) {
+  constexpr double kNameHeight = 13;
+  std::vector<Json*> order;
+  for (Json& line : lines) order.push_back(&line);
+  const auto down = [](const Json* line) { return line->at("nameDown").get<double>(); };
+  std::stable_sort(order.begin(), order.end(),
+                   [&](const Json* a, const Json* b) { return down(a) < down(b); });
+  double free = 0, most = kChartHeight - kNameHeight * static_cast<double>(order.size() - 1);
+  for (Json* const line : order) {
+    const double place = std::clamp(down(line), free, std::max(free, most));
+    (*line)["nameDown"] = place;
+    free = place + kNameHeight;
+    most += kNameHeight;
+  }
 }
 
 /// The gains along the diagonal, relative to those at the centre.
@@ -66,6 +96,12 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
   const std::vector<bool> share = sharers(diagonals);
   const Range range = rangeOf(diagonals, share);
   if (!(range.low < range.high)) return false;
+  const Axis across = {
+      "distance from the centre (corner: 1)",
+      {-1, 1},
+      kChartWidth,
+      {{-1, "top left"}, {-0.5, "0.5"}, {0, "0"}, {0.5, "0.5"}, {1, "bottom right"}}};
+  const Axis up = {"gain (centre: 1)", range, kChartHeight};
   Json lines = Json::array();
   std::string lists, wild;
   std::size_t steps = 1;
@@ -77,9 +113,17 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
     numbers.add(channel.name, tokensOf(channel.diagonal));
     lists += (lists.empty() ? "" : " ") + std::string(channel.name);
     steps = channel.diagonal.size() - 1;
-    lines.push_back({{"lineName", channel.name}, {"points", pointsOf(channel.diagonal, range)}});
+    const Line line = lineOf(channel.diagonal, up, i);
+    lines.push_back({{"lineName", channel.name},
+                     {"points", line.points},
+                     {"signs", line.signs},
+                     {"sign", kSigns[i]},
+                     {"nameAcross", kChartWidth + 8},
+                     {"nameDown", line.end}});
   }
+  placeNames(lines);
   return {{"lines", lines},
+          {"axes", axesOf(across, up, 40)},
           {"chartNumbers", numbers.id()},
           {"chartLists", lists},
           {"chartWild", wild.empty() ? Json(false) : Json(wild)},

@@ -3,13 +3,25 @@
 #include <algorithm>
 #include <cmath>
 
+#include "simrec/report/axes.h"
 #include "simrec/report/views.h"
 #include "simrec/wording.h"
 
 namespace simrec::report {
 namespace {
 
-constexpr double kBarsHeight = 160, kBarStep = 24, kBarWidth = 18, kTextHeight = 20;
+constexpr double kBarsWidth = 320, kBarsHeight = 180;
+
+/// As many of the channels as there is room for.
+std::vector<Tick> channelTicks(std::size_t channels) {
+  constexpr std::size_t kMost = 12;
+  const std::size_t step = channels <= kMost ? 1 : 5 * ((channels + 5 * kMost - 1) / (5 * kMost));
+  std::vector<Tick> ticks;
+  for (std::size_t i = 0; i < channels; i += step) {
+    ticks.push_back({static_cast<double>(i), std::to_string(i)});
+  }
+  return ticks;
+}
 
 /// A bar for each channel, with its reading as the file has it.
 Json barsOf(const Value& list, Numbers& numbers) {
@@ -18,29 +30,28 @@ Json barsOf(const Value& list, Numbers& numbers) {
   const Extremes extremes = extremesOf(values);
   const double top = std::max(extremes.high, 0.0), bottom = std::min(extremes.low, 0.0);
   if (extremes.count == 0 || !(top > bottom)) return false;
+  // A channel takes the half before and the half behind its number.
+  const double half = 0.5, count = static_cast<double>(values.size());
+  const Axis across = {"channel", {-half, count - half}, kBarsWidth, channelTicks(values.size())};
+  const Axis up = {"reading", {bottom, top}, kBarsHeight};
+  const double step = kBarsWidth / count;
   Json bars = Json::array();
   for (std::size_t i = 0; i < values.size(); ++i) {
     const double value = std::isfinite(values[i]) ? values[i] : 0;
-    const double high = kBarsHeight * (top - std::max(value, 0.0)) / (top - bottom);
-    const double low = kBarsHeight * (top - std::min(value, 0.0)) / (top - bottom);
-    bars.push_back({{"barLeft", kBarStep * static_cast<double>(i)},
-                    {"barMiddle", kBarStep * static_cast<double>(i) + kBarWidth / 2},
-                    {"barTop", fmt::format("{:.1f}", high)},
-                    {"barHeight", fmt::format("{:.1f}", low - high)},
-                    {"channel", i}});
+    const double high = up.at(std::max(value, 0.0)), low = up.at(std::min(value, 0.0));
+    bars.push_back(
+        {{"barLeft", fmt::format("{:.1f}", across.at(static_cast<double>(i)) - 0.4 * step)},
+         {"barTop", fmt::format("{:.1f}", kBarsHeight - high)},
+         {"barHeight", fmt::format("{:.1f}", high - low)}});
   }
   return {{"barItems", bars},
-          {"barWidth", kBarWidth},
+          {"axes", axesOf(across, up)},
+          {"barWidth", 0.8 * step},
           {"barsNumbers", numbers.id()},
           {"barsList", list.member->name},
-          {"barsFirst", kBarWidth / 2},
-          {"barsStep", kBarStep},
+          {"barsFirst", across.at(0)},
+          {"barsStep", step},
           {"barsHeight", kBarsHeight},
-          {"barsViewWidth", kBarStep * static_cast<double>(values.size()) + 4},
-          {"barsViewHeight", kBarsHeight + kTextHeight},
-          {"barsTextAt", kBarsHeight + kTextHeight - 6},
-          {"barsHigh", rounded(top)},
-          {"barsLow", rounded(bottom)},
           {"barsSummary", fmt::format("{} channels; the highest is channel {} with {}.",
                                       values.size(), extremes.highAt, rounded(extremes.high))}};
 }

@@ -39,7 +39,8 @@ std::string filled(const char* name, const Json& data) {
   mustache::mustache page{std::string(asset(name).text)};
   if (!page.is_valid()) throw std::logic_error(std::string(name) + ": " + page.error_message());
   mustache::data all = dataOf(data);
-  for (const char* const each : {"figure.html", "table.html"}) all[each] = partial(each);
+  for (const char* const each : {"axes.html", "figure.html", "table.html"})
+    all[each] = partial(each);
   std::string text;
   page.render(all, [&text](const std::string& piece) { text += piece; });
   return text;

@@ -35,6 +35,11 @@ Look lookOf(const catalogue::Kind& kind) {
 
 bool isPictured(const catalogue::Kind& kind) { return lookOf(kind) != Look::kTable; }
 
+bool showsScene(const catalogue::Kind& kind) {
+  const Look look = lookOf(kind);
+  return look == Look::kBayerGrid || look == Look::kSegmentation || look == Look::kPlane;
+}
+
 std::string titleOf(const catalogue::FileName& parts) {
   std::string title =
       parts.kind->hasCamera() ? fmt::format("Camera {}", parts.camera.value_or(0)) : std::string();

@@ -17,6 +17,9 @@ struct ViewOptions {
 /// Whether records of the kind are shown as pictures; others are rows of tables.
 bool isPictured(const catalogue::Kind& kind);
 
+/// Whether these pictures are of what the camera looked at.
+bool showsScene(const catalogue::Kind& kind);
+
 /// "Camera 0, preview", from the parts of the file's name.
 std::string titleOf(const catalogue::FileName& parts);
 

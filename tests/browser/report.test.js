@@ -176,13 +176,71 @@ test('lines and bars tell their numbers', async () => {
       const first = parse(await readout.textContent()).values[0];
       const wanted = values.channelDatas?.[0] ?? values.rGain[0] / values.rGain[110];
       assert.ok(isShown(first[1], wanted), `${first} instead of ${wanted}`);
-      const box = await plot.boundingBox();
+      const box = await plot.locator('.frame').boundingBox();
       await page.mouse.move(box.x + box.width / 2, box.y + box.height / 2);
       await page.waitForFunction((element) => !element.textContent.startsWith('number 0'), await readout.elementHandle());
       const { index, values: told } = parse(await readout.textContent());
       const expectedHere = values.channelDatas?.[index] ?? 1;
       assert.ok(isShown(told[0][1], expectedHere), `${told[0]} instead of ${expectedHere}`);
     }
+  });
+});
+
+/** Where a drawing's axis, as a person reads it, has a number: between the first and the last tick. */
+async function axisOf(drawing, kind) {
+  const ticks = await drawing.locator(`text.${kind}:not(.title)`).evaluateAll((texts, across) =>
+    texts.map((text) => {
+      const [, number, prefix] = text.textContent.match(/^(-?[\d.]+)( k)?$/) ?? [];
+      return { value: number * (prefix ? 1000 : 1), at: Number(text.getAttribute(across ? 'x' : 'y')) };
+    }).filter(({ value }) => !Number.isNaN(value)), kind === 'across');
+  const [first, last] = [ticks[0], ticks.at(-1)];
+  assert.ok(ticks.length >= 2 && ticks.length <= 6, `${ticks.length} ticks`);
+  return (value) => first.at + ((value - first.value) * (last.at - first.at)) / (last.value - first.value);
+}
+
+test('axes agree with what is drawn', async () => {
+  const records = show(data, names.image);
+  const near = (drawn, wanted, what) => assert.ok(Math.abs(drawn - wanted) < 0.2, `${what}: ${drawn}, not ${wanted}`);
+  await onEach(['one'], async (page) => {
+    const drawings = await page.locator('.drawing').all();
+    assert.ok(drawings.length >= 8, `${drawings.length} drawings`);
+    for (const drawing of drawings) {
+      const file = await fileOf(drawing);
+      const record = records.find((each) => each.file === file);
+      const up = await axisOf(drawing, 'up');
+      const attribute = (selector, name) => drawing.locator(selector).first().getAttribute(name);
+      if (record.record === 'ZOAWB_SpectralSensorInfo') {
+        near(await attribute('.bar', 'y'), up(record.values.channelDatas[0]), 'a bar');
+      } else if (record.record === 'LSC') {
+        const [, y] = (await attribute('.line.R', 'points')).split(' ')[0].split(',');
+        near(y, up(record.values.rGain[0] / record.values.rGain[110]), 'a gain');
+      } else {
+        const across = await axisOf(drawing, 'across');
+        const [x, y] = (await attribute('.dots', 'd')).slice(1).split(/[ h]/);
+        near(x, across(expected(record, 'R/G', 0)), 'R/G');
+        near(y, up(expected(record, 'B/G', 0)), 'B/G');
+      }
+    }
+  });
+});
+
+test('instances and their parts can be hidden, each alone', async () => {
+  await onEach(['one'], async (page) => {
+    const picture = page.locator('.picture', { has: page.locator('.overlay') }).first();
+    const seen = () => Promise.all(['.instance', '.overlay text', '.part'].map((each) =>
+      picture.locator(each).first().isVisible()));
+    assert.deepEqual(await seen(), [true, true, true]);
+    await picture.locator('.frames').uncheck();
+    assert.deepEqual(await seen(), [false, false, true]);
+    await picture.locator('.parts').uncheck();
+    await picture.locator('.frames').check();
+    assert.deepEqual(await seen(), [true, true, false]);
+    const hidden = await picture.locator('.overlay text').evaluateAll((texts) => {
+      const boxes = texts.map((text) => text.getBoundingClientRect());
+      const overlap = (a, b) => a.left < b.right - 2 && b.left < a.right - 2 && a.top < b.top + 8 && b.top < a.top + 8;
+      return boxes.some((a, i) => boxes.some((b, j) => i < j && overlap(a, b)));
+    });
+    assert.equal(hidden, false, 'numbers hide each other');
   });
 });
 
@@ -311,9 +369,12 @@ for (const colorScheme of ['light', 'dark']) {
 test('the button turns dark to light and back', async () => {
   await onEach(['overview'], async (page) => {
     const ground = () => page.evaluate(() => getComputedStyle(document.body).backgroundColor);
-    const dark = await ground();
+    const lines = () => page.evaluate(() => graphs[0].graph.getColors().join());
+    const [dark, bright] = [await ground(), await lines()];
+    assert.match(bright, /^rgb\(/);
     await page.getByRole('button', { name: 'Dark or light' }).click();
     assert.notEqual(await ground(), dark);
+    assert.notEqual(await lines(), bright);
     await page.getByRole('button', { name: 'Dark or light' }).click();
     assert.equal(await ground(), dark);
   }, { colorScheme: 'dark' });
@@ -387,7 +448,7 @@ test('are camera 0 and camera 1 of one request consistent?', async () => {
 
 test('what changed between two captures, where and by how much?', async () => {
   await onEach(['both'], async (page) => {
-    const lux = await rowsOf(page.locator('#comparison'), 'AE_AECData_camId[0]_ev[0]');
+    const lux = await rowsOf(page.locator('#comparison'), 'AE_AECData: ');
     assert.equal(lux.LuxIndex[1], '350');
     const shading = page.locator('#comparison figure', {
       has: page.locator('figcaption', { hasText: /^R gain, B - A/ }) }).first();
@@ -399,6 +460,8 @@ test('what changed between two captures, where and by how much?', async () => {
     const labels = page.locator('#comparison figure', {
       has: page.locator('figcaption', { hasText: /^Changed labels/ }) }).first();
     assert.match(await labels.locator('.summary').textContent(), /^1 of 307200 labels changed/);
+    const key = await rowsOf(page.locator('#comparison'), 'Labels and their colours');
+    assert.equal(key['Label 9'][2], '1');
   });
 });
 

@@ -14,6 +14,7 @@
 
 #include "simrec/error.h"
 #include "simrec/new_file.h"
+#include "simrec/report/axes.h"
 #include "simrec/report/bayer_grid.h"
 #include "simrec/report/encoding.h"
 #include "simrec/report/label_map.h"
@@ -148,6 +149,46 @@ TEST(ReportShading, AWildGainSpoilsNoOtherChannel) {
   }
 }
 
+/// "0 50 100"
+std::string textsOf(const std::vector<Tick>& ticks) {
+  std::string texts;
+  for (const Tick& tick : ticks) texts += (texts.empty() ? "" : " ") + tick.text;
+  return texts;
+}
+
+TEST(ReportAxes, TicksAreRoundAndWithinTheRange) {
+  const std::pair<report::Range, const char*> cases[] = {
+      {{0, 100}, "0 20 40 60 80 100"},
+      {{0.0058, 6.386}, "2 4 6"},
+      {{1, 1.335}, "1 1.1 1.2 1.3"},
+      {{-0.3, 0.25}, "-0.2 0 0.2"},
+      {{0, 22010}, "0 5 k 10 k 15 k 20 k"},
+      {{1000000, 1000007}, "1 M 1.000002 M 1.000004 M 1.000006 M"},
+      {{1e-40, 3e-40}, "1e-40 1.5e-40 2e-40 2.5e-40 3e-40"},
+      {{-1e38, 1e38}, "-1e+38 -5e+37 0 5e+37 1e+38"},
+  };
+  for (const auto& [range, texts] : cases) {
+    const std::vector<Tick> ticks = roundTicks(range);
+    EXPECT_EQ(textsOf(ticks), texts);
+    for (const Tick& tick : ticks) EXPECT_TRUE(tick.value >= range.low && tick.value <= range.high);
+  }
+}
+
+TEST(ReportShading, LinesThatCoincideHaveNamesAndSignsOfTheirOwn) {
+  const TempFolder folder;
+  Ids ids;
+  const Json chart = viewOf(recordIn(folder, kShadingFile, shadingXml()), {}, ids)["chart"];
+  ASSERT_EQ(chart["lines"].size(), 4U);
+  std::set<double> places;
+  std::set<std::string> signs;
+  for (const Json& line : chart["lines"]) {
+    places.insert(line["nameDown"].get<double>());
+    signs.insert(line["signs"].get<std::string>().substr(0, 6));
+  }
+  EXPECT_EQ(places, (std::set<double>{0, 13, 26, 39}));
+  EXPECT_EQ(signs.size(), 4U);
+}
+
 /// The picture as red, green and blue of each pixel.
 std::vector<Color> pixelsOf(const std::string& png, std::size_t width, std::size_t height) {
   png_image image = {};
@@ -159,6 +200,37 @@ std::vector<Color> pixelsOf(const std::string& png, std::size_t width, std::size
   std::vector<Color> pixels(width * height);
   EXPECT_NE(png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr), 0) << image.message;
   return pixels;
+}
+
+/// The bytes behind base64.
+std::string bytesOf(const std::string& text) {
+  std::string bytes;
+  std::uint32_t bits = 0;
+  int count = 0;
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  for (const char digit : text.substr(0, text.find('='))) {
+    bits = bits << 6 | static_cast<std::uint32_t>(kDigits.find(digit));
+    count += 6;
+    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
+  }
+  return bytes;
+}
+
+TEST(ReportPictures, RatiosAreOnALogarithmicScale) {
+  const Field field = {5, 1, {0.25, 1, 4, -1, std::nan("")}};
+  Ids ids;
+  Map map = {"R/G", "", "", ""};
+  map.isRatio = true;
+  map.range = report::Range{0.25, 4};
+  const Json shown = figure(map, field, Numbers(ids));
+  EXPECT_EQ(shown["scale"]["middle"], "1 (log)");
+  const Palette& palette = sequentialPalette();
+  const Color wanted[] = {palette[0], palette[128], palette[255], palette[0], kNoValue};
+  const auto pixels = pixelsOf(bytesOf(shown["png"].get<std::string>()), 5, 1);
+  EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), std::begin(wanted)));
+  map.range = report::Range{0, 4};  // has no logarithm
+  EXPECT_EQ(figure(map, field, Numbers(ids))["scale"]["middle"], "2");
 }
 
 TEST(ReportPictures, ColoursRunFromOneEndToTheOther) {
@@ -195,16 +267,7 @@ TEST(ReportPictures, ThePlanesWidthIsFound) {
 
 /// What a page has packed, unpacked.
 std::string unpacked(const std::string& text) {
-  std::string bytes;
-  std::uint32_t bits = 0;
-  int count = 0;
-  constexpr std::string_view kDigits =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  for (const char digit : text.substr(0, text.find('='))) {
-    bits = bits << 6 | static_cast<std::uint32_t>(kDigits.find(digit));
-    count += 6;
-    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
-  }
+  const std::string bytes = bytesOf(text);
   std::string out(1 << 20, '\0');
   uLongf size = out.size();
   EXPECT_EQ(uncompress(reinterpret_cast<Bytef*>(out.data()), &size,
@@ -264,6 +327,7 @@ TEST(ReportSegmentation, SharesAreOfAllLabelsAndFramesOfValidInstances) {
   EXPECT_EQ(overlay["parts"].size(), 2U);  // the others have no area
   EXPECT_EQ(view["tables"][1]["tableRows"][1]["cells"][0]["cellText"], "41");
   const Json other = viewOf(recordIn(folder, name, labelXml(3)), {}, ids);
+  EXPECT_EQ(other["figures"][0]["overlay"], false);  // nobody knows where frames would lie
   EXPECT_NE(other["viewFacts"].get<std::string>().find("8 x 1 labels (as many as"),
             std::string::npos);
 }
@@ -278,16 +342,16 @@ TEST(ReportSpectral, BarsStandOnZero) {
   const Json& bars = view["bars"]["barItems"];
   ASSERT_EQ(bars.size(), 4U);
   EXPECT_EQ(bars[0]["barTop"], "0.0");
-  EXPECT_EQ(bars[0]["barHeight"], "120.0");
-  EXPECT_EQ(bars[1]["barTop"], "120.0");
-  EXPECT_EQ(bars[1]["barHeight"], "40.0");
+  EXPECT_EQ(bars[0]["barHeight"], "135.0");
+  EXPECT_EQ(bars[1]["barTop"], "135.0");
+  EXPECT_EQ(bars[1]["barHeight"], "45.0");
   EXPECT_EQ(bars[2]["barHeight"], "0.0");
   EXPECT_EQ(view["tables"][0]["tableRows"][0]["cells"][3]["cellText"], "0.1");
   const Json above =
       viewOf(recordIn(folder, "simulation_ZOAWB_SpectralSensorInfo.xml",
                       element("SpectralSensorInfo", element("channelDatas", "40 10 "))),
              {}, ids);
-  EXPECT_EQ(above["bars"]["barItems"][1]["barHeight"], "40.0");
+  EXPECT_EQ(above["bars"]["barItems"][1]["barHeight"], "45.0");
 }
 
 /// A page of these captures, or of the whole data folder.
@@ -357,10 +421,12 @@ TEST(ReportPage, WhatADamagedFileLeavesOpenIsNoVerdict) {
   damage(12, 1, "AE_AECData_camId[{}]_ev[0].xml");
   const std::string page = pageOf(data);
   for (const char* const part :
-       {"<td>from the first one on (request 8)</td><td>none</td><td>0</td><td>0</td>",
-        "<td>request 10, or earlier: 1 request before it does not tell</td><td>request 8</td>",
+       {"<td class=\"long\">from the first one on (request "
+        "8)</td><td>none</td><td>0</td><td>0</td>",
+        "<td class=\"long\">request 10, or earlier: 1 request before it does not "
+        "tell</td><td>request 8</td>",
         "those of 2 are consistent within 10 %, those of 1 only in what they have in common.",
-        "<td>camera 1 lacks exposure settled</td>",
+        "<td class=\"long\">camera 1 lacks exposure settled</td>",
         "<td>cannot be compared</td><td>camera 1 has no values</td>"}) {
     EXPECT_NE(page.find(part), std::string::npos) << part;
   }
@@ -386,22 +452,23 @@ TEST(ReportPage, ShowsTheNewestImagesInPictures) {
     const timespec times[] = {time, time};
     utimensat(AT_FDCWD, data.write(name, gridXml(kSquare)).c_str(), times, 0);
   }
-  // Newer, with nothing to show but a finding.
+  // Newer, with nothing to show but lens shading, or a finding.
+  data.write(std::string("IMG_LENS/") + kShadingFile, shadingXml());
   data.write("IMG_BURST/simulation_AE_AECData_camId[0]_ev[0].xml", "junk");
   const std::string page = pageOf(data);
   EXPECT_EQ(countOf("<h4>", page), kNewest);
   EXPECT_EQ(countOf("<section class=\"capture\"", page), kNewest + 1);
-  for (const int sound : {3, 4}) {
+  for (const char* const sound : {"3", "4", "LENS"}) {
     EXPECT_EQ(countOf(fmt::format(">IMG_{}</h2>", sound), page), 0U) << sound;
   }
-  EXPECT_EQ(countOf("class=\"thumbnail\"", page), 5U);
+  EXPECT_EQ(countOf("class=\"thumbnail\"", page), 6U);
   Request all = {Store(data.path()), {}};
   all.allPictures = true;
   std::string whole;
   EXPECT_EQ(writeReport(
                 all, [&](const std::string& piece) { whole += piece; }, [] {}),
-            6U);
-  EXPECT_EQ(countOf("<h4>", whole), 5U);
+            7U);
+  EXPECT_EQ(countOf("<h4>", whole), 6U);
 }
 
 TEST(ReportPage, SmallRecordsStandInColumnsByCamera) {
@@ -438,10 +505,56 @@ TEST(ReportPage, SetsTwoCapturesSideBySide) {
   EXPECT_EQ(countOf("<figcaption>", page), 3U);  // R alone differs
   const std::size_t answer = page.find("<h3>2 of 2 records differ</h3>");
   EXPECT_LT(answer, page.find("<h3>Side by side</h3>"));
-  EXPECT_NE(page.find("<td>rGain</td><td>1 of 221 (", answer), std::string::npos);
+  EXPECT_NE(page.find(">LSC.rGain</th><td class=\"long\">1 of 221 (", answer), std::string::npos);
   EXPECT_EQ(countOf("FaceROI_camId[0].bin</th><td>B</td>", page), 1U);
   EXPECT_EQ(countOf(">only in ", page), 0U);
-  EXPECT_EQ(countOf("<figcaption>", pageOf(data, {}, {"IMG_1", "IMG_1"})), 0U);
+  const std::string itself = pageOf(data, {}, {"IMG_1", "IMG_1"});
+  EXPECT_EQ(countOf("<figcaption>", itself), 0U);
+  EXPECT_EQ(countOf("<h1>IMG_1 and itself: no difference</h1>", itself), 1U);
+}
+
+TEST(ReportPage, WhatSeveralRecordsHaveInCommonIsToldOnce) {
+  const TempFolder data;
+  const auto write = [&](const char* capture, int camera, const char* lux, char byte) {
+    data.write(fmt::format("{}/simulation_AE_AECData_camId[{}]_ev[0].xml", capture, camera),
+               element("SimulationData", element("LuxIndex", lux)));
+    data.write(fmt::format("{}/simulation_AWB_FaceROI_camId[{}].bin", capture, camera),
+               std::string(1784, byte));
+  };
+  for (const int camera : {0, 1, 2}) {
+    write("IMG_1", camera, "100", 'a');
+    write("IMG_2", camera, camera == 2 ? "400" : "200", 'b');
+  }
+  const std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
+  const std::size_t all = page.find("<h3>All differences</h3>");
+  constexpr char kRow[] =
+      "LuxIndex</th><td>100</td><td>{}</td><td>by {} ({} %)</td><td{}>{}</td></tr>";
+  for (const std::string& row :
+       {fmt::format(kRow, 200, 100, 50, " class=\"long\"", "Camera 0, ev 0; Camera 1, ev 0"),
+        fmt::format(kRow, 400, 300, 75, "", "Camera 2, ev 0")}) {
+    EXPECT_NE(page.find(row, all), std::string::npos) << row;
+  }
+  EXPECT_EQ(countOf("<td>1784 bytes in 1 range</td>", page), 3U);
+  const std::size_t most =
+      page.find(">AE_AECData.LuxIndex</th><td>100</td><td>400</td><td>75 %</td>");
+  EXPECT_LT(most, page.find(">AE_AECData.LuxIndex</th><td>100</td><td>200</td><td>50 %</td>"));
+  EXPECT_LT(most, all);
+}
+
+TEST(ReportPage, ChangedLabelsHaveAKey) {
+  const TempFolder data;
+  const std::string file = "/simulation_AWB_QsegImageData_camId[0].xml", a = labelXml(4);
+  std::string b = a;
+  b.replace(b.find("255 0 "), 6, "0 3 ");
+  data.write("IMG_1" + file, a);
+  data.write("IMG_2" + file, b);
+  const std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
+  for (const char* const row :
+       {"Label 3</th><td>25.00 %</td><td>37.50 %</td><td>1</td><td>0</td>",
+        "Label 255</th><td>12.50 %</td><td>0.00 %</td><td>0</td><td>1</td>"}) {
+    EXPECT_NE(page.find(row), std::string::npos) << row;
+  }
+  EXPECT_NE(page.find("2 of 8 labels changed"), std::string::npos);
 }
 
 TEST(ReportPage, NothingInACaptureIsMarkup) {

@@ -109,11 +109,12 @@ TEST(Trials, AWholeFileOfEachKindTellsItsMembers) {
     codec.dump(file.path.c_str(), dumped.data(), dumped.size());
     const Trial trial = runner.tryReadback(codec, file.path);
     EXPECT_EQ(trial.end, End::kReturned);
-    ASSERT_EQ(trial.result.size(), dumped.size());
+    const std::string_view live = runner.liveRecord();
+    ASSERT_EQ(live.size(), dumped.size() > (4U << 20) ? 0 : dumped.size());
     EXPECT_EQ(replacedIn(trial), record.replaced);
     if (codec.size == sizeof(BayerGridOutput)) continue;  // gaps and pairs: not as dumped
-    for (std::size_t i = 0; i < dumped.size(); ++i) {
-      ASSERT_TRUE(trial.replaced[i] == 0 || trial.result[i] == dumped[i]) << "byte " << i;
+    for (std::size_t i = 0; i < live.size(); ++i) {
+      ASSERT_TRUE(trial.replaced[i] == 0 || live[i] == dumped[i]) << "byte " << i;
     }
   }
 }
@@ -190,9 +191,10 @@ TEST(Trials, AnOddFileDoesWhatTheReadbackMakesOfIt) {
 
 TEST(Trials, WhatIsWrittenBeforeTheEndIsKept) {
   const OneFile file(gains("<rGain>2 </rGain>" + repeated(900, "<g/>") + "<g>1 </g>"));
-  const Trial trial = TrialRunner().tryReadback(*codecOf("LSC"), file.path);
+  TrialRunner runner;
+  const Trial trial = runner.tryReadback(*codecOf("LSC"), file.path);
   const float two = 2;
-  EXPECT_EQ(std::memcmp(trial.result.data(), &two, sizeof two), 0);
+  EXPECT_EQ(std::memcmp(runner.liveRecord().data(), &two, sizeof two), 0);
   EXPECT_TRUE(trial.replaced.empty());
 }
 

@@ -195,8 +195,12 @@ function setUpPlot(plot) {
 
 const graphs = [];
 
+const probe = document.body.appendChild(document.createElement('i'));
+
+/** A colour as it is now, dark or light; the property itself has both. */
 function colorOf(name) {
-  return getComputedStyle(document.documentElement).getPropertyValue(name).trim();
+  probe.style.color = `var(${name})`;
+  return getComputedStyle(probe).color;
 }
 
 const patterns = { 'series-1': [6, 3], 'series-2': [2, 3], 'series-3': [8, 3, 2, 3] };
