@@ -43,9 +43,24 @@ class OrderedWork {
       while (workOnNext()) {
       }
     } catch (...) {
-      const std::lock_guard<std::mutex> lock(state_);
-      if (!failure_) failure_ = std::current_exception();
-      changed_.notify_all();
+      fail();
+    }
+  }
+
+  /// Ends it all with the exception that is being handled.
+  void fail() {
+    const std::lock_guard<std::mutex> lock(state_);
+    if (!failure_) failure_ = std::current_exception();
+    changed_.notify_all();
+  }
+
+  /// None, too, where it failed: nobody asks for another one then.
+  std::optional<Item> nextOrFail() {
+    try {
+      return next_();
+    } catch (...) {
+      fail();
+      return std::nullopt;
     }
   }
 
@@ -53,7 +68,7 @@ class OrderedWork {
   bool workOnNext() {
     std::unique_lock<std::mutex> source(source_);
     if (!waitFor([this] { return begun_ < taken_ + window_; })) return false;
-    std::optional<Item> item = next_();
+    std::optional<Item> item = nextOrFail();
     if (!item) return false;
     const std::uint64_t index = begun_++;
     const bool alone = alone_(*item);

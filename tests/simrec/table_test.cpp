@@ -269,7 +269,7 @@ TEST(InOrder, WhatIsThrownEndsItAll) {
         inOrder([&]() { return std::optional<int>(failAt(0, next++)); }, [](int) { return false; },
                 [&](int item) { return failAt(1, item); }, [&](int item) { failAt(2, item); }, 4),
         Error);
-    EXPECT_LT(next, 200);
+    EXPECT_LE(next, thrower == 0 ? 101 : 116);  // four for each of four cores wait
   }
 }
 
