@@ -4,6 +4,7 @@
 #include "simrec/cli/command.h"
 #include "simrec/cli/interruption.h"
 #include "simrec/cli/output.h"
+#include "simrec/error.h"
 #include "simrec/text.h"
 
 namespace simrec::cli {
@@ -19,15 +20,16 @@ template <typename Captures>
 ExportCounts exportWithBar(Captures captures, const Options& options) {
   Progress progress("Exporting", captures.size(), options.shared.quiet);
   const Interruption interruption;
-  ExportCounts counts = exportTables(std::move(captures), options.wishes, [&] {
-    interruption.check();
+  const auto check = [&] { interruption.check(); };
+  const auto step = [&] {
+    check();
     progress.step();
-  });
-  interruption.check();  // too late for the export: it is there
-  return counts;
+  };
+  return exportTables(std::move(captures), options.wishes, step, check);
 }
 
 ExportCounts exportChosen(const Options& options) {
+  if (options.wishes.out == "-") throw Error("-o -: tables are written to files alone");
   const Store store = options.shared.store();
   if (options.captures.empty()) return exportWithBar(CaptureList(store.data()), options);
   std::vector<Capture> captures;

@@ -26,7 +26,7 @@ using Result = DatabaseExport::Result;
 
 /// What a database of this program says of itself, with lists and without.
 constexpr int kApplication = 0x73696D72;
-constexpr int versionOf(bool lists) { return lists ? 4 : 3; }
+constexpr int versionOf(bool lists) { return lists ? 6 : 5; }
 
 /// The number that stands there in a database's head.
 int numberInHead(const std::string& head, std::size_t at) {
@@ -291,14 +291,13 @@ void DatabaseExport::write(const Result& result) {
   }
 }
 
-void DatabaseExport::finish() {
+void DatabaseExport::end() {
   if (!appending_) database_->run(sqlForIndexes(tables_));
   database_->run("COMMIT");
   knows_.reset();
   inserts_.clear();
   older_.reset();
   database_->close();
-  draft_.publish();
 }
 
 }  // namespace simrec

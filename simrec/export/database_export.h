@@ -44,7 +44,9 @@ class DatabaseExport {
   /// May be called by several threads at once.
   Result read(const Batch& batch) const;
   void write(const Result& result);
-  void finish();
+  /// All is written; nothing of it stands in its place yet.
+  void end();
+  void publish() { draft_.publish(); }
 
  private:
   void begin(bool append);

@@ -44,7 +44,7 @@ void writeAll(Batches& batches, Writer& writer, ExportCounts& counts,
 
 template <typename Writer>
 ExportCounts exportWith(Batches::Source captures, const ExportWishes& wishes, bool named,
-                        const std::function<void()>& step) {
+                        const std::function<void()>& step, const std::function<void()>& last) {
   Writer writer(wishes);
   ExportCounts counts;
   const auto isNew = [&](const Capture& capture, const File& file) {
@@ -61,25 +61,27 @@ ExportCounts exportWith(Batches::Source captures, const ExportWishes& wishes, bo
   };
   Batches batches(std::move(captures), isNew, tell);
   writeAll(batches, writer, counts, step);
-  writer.finish();
+  writer.end();
+  last();
+  writer.publish();
   return counts;
 }
 
 template <typename Captures>
 ExportCounts exportFrom(const Captures& captures, const ExportWishes& wishes, bool named,
-                        const std::function<void()>& step) {
+                        const std::function<void()>& step, const std::function<void()>& last) {
   const Batches::Source source = [&captures, next = std::size_t{0}]() mutable {
     return next < captures.size() ? std::optional(captures[next++]) : std::nullopt;
   };
   switch (wishes.format) {
     case ExportFormat::kJsonLines:
-      return exportWith<FolderExport<JsonLines>>(source, wishes, named, step);
+      return exportWith<FolderExport<JsonLines>>(source, wishes, named, step, last);
     case ExportFormat::kCsv:
-      return exportWith<FolderExport<CsvLines>>(source, wishes, named, step);
+      return exportWith<FolderExport<CsvLines>>(source, wishes, named, step, last);
     case ExportFormat::kSqlite:
       break;
   }
-  return exportWith<DatabaseExport>(source, wishes, named, step);
+  return exportWith<DatabaseExport>(source, wishes, named, step, last);
 }
 
 /// By the first of its names.
@@ -110,17 +112,17 @@ const char* nameOf(ExportFormat format) {
 }
 
 ExportCounts exportTables(std::vector<Capture> captures, const ExportWishes& wishes,
-                          const std::function<void()>& step) {
+                          const std::function<void()>& step, const std::function<void()>& last) {
   leaveEachFolderOnce(captures);
   std::sort(captures.begin(), captures.end(),
             [](const Capture& a, const Capture& b) { return a.name < b.name; });
-  return exportFrom(captures, wishes, true, step);
+  return exportFrom(captures, wishes, true, step, last);
 }
 
 ExportCounts exportTables(CaptureList captures, const ExportWishes& wishes,
-                          const std::function<void()>& step) {
+                          const std::function<void()>& step, const std::function<void()>& last) {
   captures.sortByName();
-  return exportFrom(captures, wishes, false, step);
+  return exportFrom(captures, wishes, false, step, last);
 }
 
 }  // namespace simrec

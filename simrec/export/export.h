@@ -33,14 +33,17 @@ struct ExportCounts {
 };
 
 /// Takes all records of the captures, in the order of the captures' names. `step` is called once
-/// for each capture that was read, by one thread at a time. What stood at `out` is replaced once
-/// all is written; it must be an export of this format, or nothing. A folder that several of them
-/// are is taken once. Throws Error, also for a capture that can't be looked into.
-ExportCounts exportTables(std::vector<Capture> captures, const ExportWishes& wishes,
-                          const std::function<void()>& step);
+/// for each capture that was read, by one thread at a time, and `last` once all is written, before
+/// it takes the place of what stood at `out`: what either throws ends the export, and leaves that.
+/// It must be an export of this format, or nothing. A folder that several of the captures are is
+/// taken once. Throws Error, also for a capture that can't be looked into.
+ExportCounts exportTables(
+    std::vector<Capture> captures, const ExportWishes& wishes, const std::function<void()>& step,
+    const std::function<void()>& last = [] {});
 
 /// The same of all captures of a data folder; those that can't be looked into are told.
-ExportCounts exportTables(CaptureList captures, const ExportWishes& wishes,
-                          const std::function<void()>& step);
+ExportCounts exportTables(
+    CaptureList captures, const ExportWishes& wishes, const std::function<void()>& step,
+    const std::function<void()>& last = [] {});
 
 }  // namespace simrec

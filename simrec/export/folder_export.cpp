@@ -85,10 +85,9 @@ void FolderExport<Lines>::write(const Result& result) {
 }
 
 template <typename Lines>
-void FolderExport<Lines>::finish() {
+void FolderExport<Lines>::end() {
   parts_.end();
   log_->end();
-  draft_.publish();
 }
 
 template class FolderExport<JsonLines>;

@@ -183,11 +183,13 @@ struct RecordIterator {
 
   py::object operator()() {
     std::optional<RecordStream::Item> item;
+    std::vector<std::string> troubles;
     {
       const py::gil_scoped_release unlocked;
       item = stream->next();
+      troubles = stream->takeTroubles();
     }
-    for (const std::string& trouble : stream->takeTroubles()) warn(trouble);
+    for (const std::string& trouble : troubles) warn(trouble);
     if (!item) throw py::stop_iteration();
     return recordOf(*item->capture, item->file, std::move(item->quick.record), strict);
   }

@@ -51,7 +51,13 @@ void RecordStream::readSome() {
       [&](Item& item) { ready_.push_back(std::move(item)); });
 }
 
+std::vector<std::string> RecordStream::takeTroubles() {
+  const std::lock_guard<std::mutex> lock(asked_);
+  return std::exchange(troubles_, {});
+}
+
 std::optional<RecordStream::Item> RecordStream::next() {
+  const std::lock_guard<std::mutex> lock(asked_);
   if (ready_.empty()) readSome();
   if (ready_.empty()) return std::nullopt;
   Item item = std::move(ready_.front());

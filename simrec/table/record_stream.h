@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -28,16 +29,18 @@ class RecordStream {
   RecordStream(const Store& store, const catalogue::Kind& kind, Takes takes)
       : captures_(store.data()), kind_(&kind), takes_(std::move(takes)) {}
 
-  /// In the order of the captures and of the files' names.
+  /// In the order of the captures and of the files' names. Of several threads that ask, each gets
+  /// others.
   std::optional<Item> next();
 
   /// Folders that could not be read since this was asked last, and why.
-  std::vector<std::string> takeTroubles() { return std::exchange(troubles_, {}); }
+  std::vector<std::string> takeTroubles();
 
  private:
   bool findFiles();
   void readSome();
 
+  std::mutex asked_;  // guards the rest
   CaptureList captures_;
   const catalogue::Kind* kind_;
   Takes takes_;

@@ -274,6 +274,13 @@ test('timelines zoom and reset, all together', async () => {
       await press('Reset zoom');
       assert.deepEqual(await ranges(), all);
     }
+    for (let times = 0; times < 12; times += 1) await press('Zoom in');
+    const [low, high] = (await ranges())[0].split(',').map(Number);
+    assert.ok(high - low > 3.99);
+    await graph.focus();
+    await page.keyboard.press('Control+0');
+    assert.equal((await ranges())[0], [low, high].join(), 'the browser has that key');
+    await press('Reset zoom');
     await page.mouse.move(box.x + box.width / 2, box.y + box.height / 2);
     assert.match(await graph.locator('xpath=../output').textContent(), /^request \d+, camera/);
   });
@@ -304,13 +311,40 @@ test('a finger that goes down reads out, and End does not scroll', async () => {
   await close();
 });
 
-test('on paper all is light', async () => {
-  const { page, close } = await open(browser, files.one, { colorScheme: 'dark' });
+test('on paper all is light, narrow, and whole', async () => {
+  const { page, close } = await open(browser, files.overview, { colorScheme: 'dark' });
   await page.getByRole('button', { name: 'Dark or light' }).click();
   await page.getByRole('button', { name: 'Dark or light' }).click();
   await page.emulateMedia({ media: 'print' });
   assert.equal(await page.evaluate(() => getComputedStyle(document.body).backgroundColor),
     'rgb(255, 255, 255)');
+  assert.deepEqual(await page.evaluate(() => [...document.querySelectorAll('.wide')]
+    .filter((table) => getComputedStyle(table).maxHeight !== 'none')), []);
+  const edge = await page.evaluate(() => colorOf('--edge'));
+  // As a browser does it: the page is told before it is laid out for paper.
+  await page.emulateMedia({ media: 'screen' });
+  const looks = () => page.evaluate(() => graphs.map(({ graph, element }) =>
+    [element.clientWidth, graph.getOption('axisLineColor')].join(' ')));
+  const before = await looks();
+  await page.evaluate(() => dispatchEvent(new Event('beforeprint')));
+  for (const look of await looks()) assert.equal(look, `320 ${edge}`);
+  await page.evaluate(() => dispatchEvent(new Event('afterprint')));
+  assert.deepEqual(await looks(), before);
+  assert.ok(before.every((look) => !look.includes(edge)));
+  await close();
+});
+
+test('a finger reads a graph, and moves the page, not the graph', async () => {
+  const { page, close } = await open(browser, files.overview, { hasTouch: true, width: 390 });
+  const graph = page.locator('.graph').first();
+  await graph.tap();
+  assert.match(await graph.locator('xpath=../output').textContent(), /^request \d+, /);
+  const kept = await graph.evaluate((element) => {
+    const touch = new Touch({ identifier: 1, target: element, clientX: 100, clientY: 100 });
+    return ['touchstart', 'touchmove'].every((type) => element.querySelector('canvas').dispatchEvent(
+      new TouchEvent(type, { touches: [touch], bubbles: true, cancelable: true })));
+  });
+  assert.ok(kept, 'what a finger does is left to the browser');
   await close();
 });
 

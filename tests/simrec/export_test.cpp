@@ -327,6 +327,17 @@ TEST_F(Exports, OfChangedFilesHaveOneRowInViews) {
   }
 }
 
+/// By one of the two alone they would look at a share of all rows for each row.
+TEST_F(Exports, ViewsJoinByCaptureAndCamera) {
+  run(ExportFormat::kSqlite);
+  for (const char* view : {"exposure", "white_balance"}) {
+    const std::string plan =
+        textOf(out(ExportFormat::kSqlite), std::string("EXPLAIN QUERY PLAN SELECT * FROM ") + view);
+    EXPECT_NE(plan.find("(capture=? AND camera=?)"), plan.npos) << plan;
+    EXPECT_EQ(plan.find("(camera=?)"), plan.npos) << plan;
+  }
+}
+
 TEST_F(Exports, AppendKnowsFilesByTheirBytes) {
   for (const ExportFormat format : kFormats) {
     run(format);
@@ -497,6 +508,7 @@ TEST_F(Exports, EndedByASignalLeaveNoDraft) {
     int status = 0;
     // On a busy machine it may come when all is done.
     for (int attempt = 0; attempt < 100 && status == 0; ++attempt) {
+      fs::remove_all(out(ExportFormat::kCsv));
       const pid_t child = fork();
       if (child == 0) {
         dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
@@ -513,6 +525,7 @@ TEST_F(Exports, EndedByASignalLeaveNoDraft) {
     }
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
     EXPECT_FALSE(fs::exists(draft));
+    EXPECT_FALSE(fs::exists(out(ExportFormat::kCsv)));
   }
 }
 
@@ -525,7 +538,12 @@ TEST_F(Exports, OnAFullDiskLeaveWhatThereWas) {
   for (const ExportFormat format : kFormats) {
     run(format);
     const auto before = picture(out(format));
-    EXPECT_THROW(run(format, false, true, [] { throw Error("no space"); }), Error);
+    const auto fail = [] { throw Error("no space"); };
+    EXPECT_THROW(run(format, false, true, fail), Error);
+    EXPECT_EQ(picture(out(format)), before);
+    EXPECT_THROW(exportTables(
+                     CaptureList(folder.path() + "/data"), {format, out(format)}, [] {}, fail),
+                 Error);
     EXPECT_EQ(picture(out(format)), before);
   }
 }

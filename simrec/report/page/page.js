@@ -41,8 +41,14 @@ function tell(readout, lists, names, index, columns) {
 
 // --- Maps
 
+/** Alt and Left goes back, Ctrl and + makes all larger. */
+function isTheBrowsers(event) {
+  return event.ctrlKey || event.altKey || event.metaKey;
+}
+
 /** Where a key leads from a place; undefined: it is no such key. */
 function step(event, { column, row }, columns, rows) {
+  if (isTheBrowsers(event)) return undefined;
   const far = event.shiftKey ? 10 : 1;
   const steps = {
     ArrowLeft: [-far, 0],
@@ -223,12 +229,19 @@ function axisText(value) {
   return `${Number((value / unit).toPrecision(6))}${prefix && ` ${prefix}`}`;
 }
 
+/** There is nothing between two requests. */
+function requestText(value) {
+  return Number.isInteger(value) ? String(value) : '';
+}
+
 /** All graphs show the same requests; null: all there are. */
 function zoomTo(range) {
   for (const { graph, extent } of graphs) {
     graph.updateOptions({ dateWindow: range ?? extent, valueRange: null });
   }
 }
+
+const kLeastRequests = 4;
 
 /** Zooms or moves around the middle of what is shown. */
 function zoomBy(how) {
@@ -244,10 +257,11 @@ function zoomBy(how) {
   };
   const range = ranges[how];
   const [first, last] = graphs[0].extent;
-  const wide = range && range[1] - range[0];
+  const wide = range && Math.max(range[1] - range[0], kLeastRequests);
   // Never beyond what there is.
   if (range === null || wide > 0.999 * (last - first)) return zoomTo(null);
-  const from = Math.max(first, Math.min(last - wide, range[0]));
+  const middle = (range[0] + range[1]) / 2;
+  const from = Math.max(first, Math.min(last - wide, middle - wide / 2));
   zoomTo([from, from + wide]);
 }
 
@@ -282,24 +296,35 @@ function setUpGraph(element, extent) {
     includeZero: element.dataset.flag === 'true',
     dateWindow: extent,
     xRangePad: 4,
-    axes: { x: { valueFormatter: String, pixelsPerLabel: 60 }, y: { axisLabelWidth: 60, axisLabelFormatter: axisText } },
+    axes: {
+      x: { valueFormatter: String, axisLabelFormatter: requestText, pixelsPerLabel: 60 },
+      y: { axisLabelWidth: 60, axisLabelFormatter: axisText, pixelsPerLabel: 25 },
+    },
     highlightCallback: (event, x, points, row) => show(row),
     zoomCallback: (low, high) => zoomTo(graph.isZoomed('x') ? [low, high] : null),
+    // Fingers scroll the page: by them a graph is read, and zoomed with the buttons.
     interactionModel: {
-      ...Dygraph.defaultInteractionModel,
+      mousedown: Dygraph.defaultInteractionModel.mousedown,
+      willDestroyContextMyself: true,
       dblclick: () => zoomTo(null),
     },
   });
-  graphs.push({ graph, extent, looks });
+  graphs.push({ graph, element, extent, looks });
+
+  function showAndMark(row) {
+    show(row);
+    graph.setSelection(row);
+  }
+  element.addEventListener('pointerdown', (event) => {
+    if (event.pointerType !== 'mouse') showAndMark(graph.findClosestRow(graph.eventToDomCoords(event)[0]));
+  });
 
   element.addEventListener('keydown', (event) => {
     const zooms = { '+': 'in', '-': 'out', 0: 'reset' };
     const next = step(event, { column: at, row: 0 }, rows.length, 1);
-    if (event.key in zooms) zoomBy(zooms[event.key]);
-    else if (next !== undefined) {
-      show(next.column);
-      graph.setSelection(next.column);
-    } else return;
+    if (event.key in zooms && !isTheBrowsers(event)) zoomBy(zooms[event.key]);
+    else if (next !== undefined) showAndMark(next.column);
+    else return;
     event.preventDefault();
   });
 }
@@ -339,8 +364,32 @@ function setUpTheme() {
   system.addEventListener('change', repaint);
 }
 
+// --- Paper, which is light and narrow whatever the screen is
+
+const kPaperWidth = 320;
+
+function setUpPrinting() {
+  addEventListener('beforeprint', () => {
+    probe.style.colorScheme = 'light';
+    for (const { graph, element, looks } of graphs) {
+      graph.updateOptions(paint(looks), true);
+      graph.resize(kPaperWidth, element.clientHeight);
+    }
+  });
+  addEventListener('afterprint', () => {
+    probe.style.colorScheme = '';
+    for (const { graph, element, looks } of graphs) {
+      element.style.width = '';
+      element.style.height = '';
+      graph.updateOptions(paint(looks), true);
+      graph.resize();
+    }
+  });
+}
+
 for (const map of document.querySelectorAll('.map')) setUpMap(map);
 for (const plot of document.querySelectorAll('.plot')) setUpPlot(plot);
 for (const scatter of document.querySelectorAll('.scatter')) setUpScatter(scatter);
 setUpTimelines();
 setUpTheme();
+setUpPrinting();
