@@ -478,13 +478,13 @@ class Interpreter(CopyCase):
         with concurrent.futures.ThreadPoolExecutor(4) as pool:
             for record in pool.map(lambda _: image["qseg", 0], range(40)):
                 self.assertTrue(numpy.array_equal(record.qsegStatsInfo, expected))
+            self.assertEqual(len(list(pool.map(store.table, simrec.kinds()))), len(simrec.kinds()))
         for _ in range(10):
             records = store.records("AE_AECData")
             with concurrent.futures.ThreadPoolExecutor(4) as pool:
                 parts = list(pool.map(lambda _: [each.path for each in records], range(4)))
             self.assertEqual(sorted(sum(parts, [])),
                              sorted(each.path for each in store.records("AE_AECData")))
-            self.assertEqual(len(list(pool.map(store.table, simrec.kinds()))), len(simrec.kinds()))
 
     def test_copies_and_pickles(self):
         self.write(AE.format(1), b"<broken")
