@@ -348,41 +348,41 @@ function setUpTimelines() {
 
 // --- Dark and light
 
+const system = matchMedia('(prefers-color-scheme: dark)');
+
+function isDark() {
+  return (document.documentElement.dataset.theme ?? (system.matches ? 'dark' : 'light')) === 'dark';
+}
+
 function setUpTheme() {
-  const root = document.documentElement;
-  const system = matchMedia('(prefers-color-scheme: dark)');
   const repaint = () => {
     for (const { graph, looks } of graphs) graph.updateOptions(paint(looks));
   };
   const button = document.getElementById('theme');
   button.hidden = false;
   button.addEventListener('click', () => {
-    const isDark = (root.dataset.theme ?? (system.matches ? 'dark' : 'light')) === 'dark';
-    root.dataset.theme = isDark ? 'light' : 'dark';
+    document.documentElement.dataset.theme = isDark() ? 'light' : 'dark';
     repaint();
   });
   system.addEventListener('change', repaint);
 }
 
-// --- Paper, which is light and narrow whatever the screen is
+// --- Paper, which is light and narrow whatever the screen is. What is drawn anew for it comes too
+// late for some browsers, so graphs are shown smaller, and page.css turns their colours.
 
 const kPaperWidth = 320;
 
 function setUpPrinting() {
   addEventListener('beforeprint', () => {
-    probe.style.colorScheme = 'light';
-    for (const { graph, element, looks } of graphs) {
-      graph.updateOptions(paint(looks), true);
-      graph.resize(kPaperWidth, element.clientHeight);
+    for (const { element } of graphs) {
+      element.style.zoom = Math.min(1, kPaperWidth / element.clientWidth);
+      element.classList.toggle('dark', isDark());
     }
   });
   addEventListener('afterprint', () => {
-    probe.style.colorScheme = '';
-    for (const { graph, element, looks } of graphs) {
-      element.style.width = '';
-      element.style.height = '';
-      graph.updateOptions(paint(looks), true);
-      graph.resize();
+    for (const { element } of graphs) {
+      element.style.zoom = '';
+      element.classList.remove('dark');
     }
   });
 }
