@@ -330,6 +330,30 @@ TEST(ReportSegmentation, SharesAreOfAllLabelsAndFramesOfValidInstances) {
   EXPECT_EQ(other["figures"][0]["overlay"], false);  // nobody knows where frames would lie
   EXPECT_NE(other["viewFacts"].get<std::string>().find("8 x 1 labels (as many as"),
             std::string::npos);
+  EXPECT_EQ(other["tables"][0]["caption"], "Share of each label");
+}
+
+TEST(ReportSegmentation, SharesOfAShortListAreOfTheFrame) {
+  const TempFolder folder;
+  Ids ids;
+  const Json view =
+      viewOf(recordIn(folder, "simulation_AWB_QsegImageData_camId[0].xml", labelXml(8)), {}, ids);
+  EXPECT_EQ(view["tables"][0]["tableRows"][1]["cells"][0]["cellText"], "12.50 %");
+  EXPECT_EQ(view["figures"][0]["summary"],
+            "3 labels; the most frequent one is 0 with 31.2 % of the frame; 8 of 16 places have no "
+            "label.");
+}
+
+TEST(ReportSegmentation, NamesOfInstancesDoNotTouch) {
+  const TempFolder folder;
+  Ids ids;
+  std::string xml = labelXml(4);
+  xml.replace(xml.find("<left>1</left>"), 14, "<left>0</left>");
+  const Json names = viewOf(recordIn(folder, "simulation_AWB_QsegImageData_camId[0].xml", xml), {},
+                            ids)["figures"][0]["overlay"]["names"];
+  const auto acrossOf = [&](int i) { return std::stod(names[i]["nameAcross"].get<std::string>()); };
+  const double wide = 0.034 * 4;
+  EXPECT_GE(acrossOf(1) - acrossOf(0), 1.2 * wide - 0.05);
 }
 
 TEST(ReportSpectral, BarsStandOnZero) {
