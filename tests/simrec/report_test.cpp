@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <regex>
 #include <set>
 
 #include "simrec/error.h"
@@ -527,7 +528,7 @@ TEST(ReportPage, SetsTwoCapturesSideBySide) {
   const std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
   EXPECT_NE(page.find("1 of 221 places differ, most by 2.5 at column 0, row 0"), std::string::npos);
   EXPECT_EQ(countOf("<figcaption>", page), 3U);  // R alone differs
-  const std::size_t answer = page.find("<h3>2 of 2 records differ</h3>");
+  const std::size_t answer = page.find("<h3>1 of 2 records differs, 1 is only in B</h3>");
   EXPECT_LT(answer, page.find("<h3>Side by side</h3>"));
   EXPECT_NE(page.find(">LSC.rGain</th><td class=\"long\">1 of 221 (", answer), std::string::npos);
   EXPECT_EQ(countOf("FaceROI_camId[0].bin</th><td>B</td>", page), 1U);
@@ -553,9 +554,8 @@ TEST(ReportPage, WhatSeveralRecordsHaveInCommonIsToldOnce) {
   const std::size_t all = page.find("<h3>All differences</h3>");
   constexpr char kRow[] =
       "LuxIndex</th><td>100</td><td>{}</td><td>by {} ({} %)</td><td{}>{}</td></tr>";
-  for (const std::string& row :
-       {fmt::format(kRow, 200, 100, 50, " class=\"long\"", "Camera 0, ev 0; Camera 1, ev 0"),
-        fmt::format(kRow, 400, 300, 75, "", "Camera 2, ev 0")}) {
+  for (const std::string& row : {fmt::format(kRow, 200, 100, 50, "", "Cameras 0 and 1, ev 0"),
+                                 fmt::format(kRow, 400, 300, 75, "", "Camera 2, ev 0")}) {
     EXPECT_NE(page.find(row, all), std::string::npos) << row;
   }
   EXPECT_EQ(countOf("<td>1784 bytes in 1 range</td>", page), 3U);
@@ -563,6 +563,54 @@ TEST(ReportPage, WhatSeveralRecordsHaveInCommonIsToldOnce) {
       page.find(">AE_AECData.LuxIndex</th><td>100</td><td>400</td><td>75 %</td>");
   EXPECT_LT(most, page.find(">AE_AECData.LuxIndex</th><td>100</td><td>200</td><td>50 %</td>"));
   EXPECT_LT(most, all);
+}
+
+TEST(ReportPage, WhatChangedMostIsOneRowForEachMemberAndTellsWhere) {
+  const TempFolder data;
+  const auto write = [&](const char* capture, bool changed) {
+    const std::string folder = std::string(capture) + "/simulation_";
+    const auto text = [&](std::string xml, const std::string& from, const std::string& to) {
+      return changed ? xml.replace(xml.find(from), from.size(), to) : xml;
+    };
+    for (int camera = 0; camera < 3; ++camera) {
+      for (int ev = 0; ev < 3; ++ev) {
+        data.write(folder + fmt::format("AE_AECData_camId[{}]_ev[{}].xml", camera, ev),
+                   element("SimulationData", element("LuxIndex", changed ? "350" : "100")));
+      }
+      // Of camera 0 two regions are others, of the others all.
+      const std::string grid = gridXml(kSquare);
+      const std::string other = std::regex_replace(grid, std::regex(">[0-9 ]+<"), ">1 2 3 4 <");
+      data.write(folder + fmt::format("AWB_ParsedAWBStatsOutput_p_camId[{}].xml", camera),
+                 camera == 0 ? text(grid, "100 200 300 0", "100 2 3 0") : text(grid, grid, other));
+      data.write(folder + fmt::format("AWB_AECData_camId[{}].xml", camera),
+                 fmt::format(R"(<SimulationData><AWBAlgoExposureInformation AECSettled="{}">)"
+                             R"(</AWBAlgoExposureInformation></SimulationData>)",
+                             changed ? 1 : 0));
+    }
+    std::string labels = text(labelXml(4), "255 0 ", "255 3 ");
+    for (const char* const id : {"40", "41", "42"}) {
+      labels = text(labels, fmt::format("<ID>{}", id), fmt::format("<ID>{}0", id));
+    }
+    data.write(folder + "AWB_QsegImageData_camId[0].xml", labels);
+    data.write(folder + "LSC[p]_index[0]_ev[0].xml", text(shadingXml(), "<rGain>2.5", "<rGain>5"));
+  };
+  write("IMG_1", false);
+  write("IMG_2", true);
+  data.write("IMG_1/simulation_AWB_FaceROI_camId[0].bin", std::string(1784, 'a'));
+  std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
+  page.resize(page.find("<h3>Side by side</h3>"));
+  page.erase(0, page.find("<h3>"));
+  for (const char* const part :
+       {"<h3>17 of 18 records differ, 1 is only in A</h3>", "and where (8 of 12)<",
+        "relative to the larger one<", "<td>71.4 %</td><td>All cameras, ev 0 to 2</td>",
+        ".RSum</th><td class=\"long\">4 of 4 (100 %), most by 297 at column 0, row "
+        "1</td><td>Camera 1, p</td>",
+        "LSC.rGain</th><td class=\"long\">1 of 221 (0.452 %), most by 2.5 at column 0, row 0</td>",
+        "qsegStatsInfo</th><td class=\"long\">1 of 8 (12.5 %), at column 3, row 1<"}) {
+    EXPECT_NE(page.find(part), std::string::npos) << part;
+  }
+  EXPECT_EQ(countOf("qsegInstInfos[", page), 1U);
+  EXPECT_EQ(countOf("AECSettled", page), 0U);  // no quantity
 }
 
 TEST(ReportPage, ChangedLabelsHaveAKey) {
