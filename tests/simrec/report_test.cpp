@@ -175,10 +175,37 @@ TEST(ReportAxes, TicksAreRoundAndWithinTheRange) {
   }
 }
 
+/// The bytes behind base64.
+std::string bytesOf(const std::string& text) {
+  std::string bytes;
+  std::uint32_t bits = 0;
+  int count = 0;
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  for (const char digit : text.substr(0, text.find('='))) {
+    bits = bits << 6 | static_cast<std::uint32_t>(kDigits.find(digit));
+    count += 6;
+    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
+  }
+  return bytes;
+}
+
+/// What a page has packed, unpacked.
+std::string unpacked(const std::string& text) {
+  const std::string bytes = bytesOf(text);
+  std::string out(1 << 20, '\0');
+  uLongf size = out.size();
+  EXPECT_EQ(uncompress(reinterpret_cast<Bytef*>(out.data()), &size,
+                       reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()),
+            Z_OK);
+  return out.substr(0, size);
+}
+
 TEST(ReportShading, LinesThatCoincideHaveNamesAndSignsOfTheirOwn) {
   const TempFolder folder;
   Ids ids;
-  const Json chart = viewOf(recordIn(folder, kShadingFile, shadingXml()), {}, ids)["chart"];
+  const Json view = viewOf(recordIn(folder, kShadingFile, shadingXml()), {}, ids);
+  const Json& chart = view["chart"];
   ASSERT_EQ(chart["lines"].size(), 4U);
   std::set<double> places;
   std::set<std::string> signs;
@@ -186,6 +213,9 @@ TEST(ReportShading, LinesThatCoincideHaveNamesAndSignsOfTheirOwn) {
     places.insert(line["nameDown"].get<double>());
     signs.insert(line["signs"].get<std::string>().substr(0, 6));
   }
+  EXPECT_EQ(chart["chartLists"], "distance R Gr Gb B");
+  const std::string lists = unpacked(view["dataSets"][0]["data"].get<std::string>());
+  EXPECT_NE(lists.find("distance\t1,0.875,0.75,"), std::string::npos);
   EXPECT_EQ(places, (std::set<double>{0, 13, 26, 39}));
   EXPECT_EQ(signs.size(), 4U);
 }
@@ -203,21 +233,6 @@ std::vector<Color> pixelsOf(const std::string& png, std::size_t width, std::size
   return pixels;
 }
 
-/// The bytes behind base64.
-std::string bytesOf(const std::string& text) {
-  std::string bytes;
-  std::uint32_t bits = 0;
-  int count = 0;
-  constexpr std::string_view kDigits =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  for (const char digit : text.substr(0, text.find('='))) {
-    bits = bits << 6 | static_cast<std::uint32_t>(kDigits.find(digit));
-    count += 6;
-    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
-  }
-  return bytes;
-}
-
 TEST(ReportPictures, RatiosAreOnALogarithmicScale) {
   const Field field = {5, 1, {0.25, 1, 4, -1, std::nan("")}};
   Ids ids;
@@ -230,6 +245,11 @@ TEST(ReportPictures, RatiosAreOnALogarithmicScale) {
   const Color wanted[] = {palette[0], palette[128], palette[255], palette[0], kNoValue};
   const auto pixels = pixelsOf(bytesOf(shown["png"].get<std::string>()), 5, 1);
   EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), std::begin(wanted)));
+  EXPECT_EQ(shown["scale"]["low"], "\xE2\x89\xA4 0.25");
+  map.range = report::Range{-0.99999, 3.99999};
+  const Json ends = figure(map, field, Numbers(ids))["scale"];
+  EXPECT_EQ(ends["low"], "-1");  // which is the lowest as it reads
+  EXPECT_EQ(ends["high"], "4");
   map.range = report::Range{0, 4};  // has no logarithm
   EXPECT_EQ(figure(map, field, Numbers(ids))["scale"]["middle"], "2");
 }
@@ -264,17 +284,6 @@ TEST(ReportPictures, ThePlanesWidthIsFound) {
   }
   EXPECT_EQ(planeOf("x", 0).width, 0U);
   EXPECT_EQ(planeOf("abc", 100).width, 0U);
-}
-
-/// What a page has packed, unpacked.
-std::string unpacked(const std::string& text) {
-  const std::string bytes = bytesOf(text);
-  std::string out(1 << 20, '\0');
-  uLongf size = out.size();
-  EXPECT_EQ(uncompress(reinterpret_cast<Bytef*>(out.data()), &size,
-                       reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()),
-            Z_OK);
-  return out.substr(0, size);
 }
 
 TEST(ReportNumbers, ListsArePackedAsShowHasThem) {
@@ -429,6 +438,29 @@ TEST(ReportPage, TellsWhenExposureSettledAndWhichCamerasDisagree) {
   EXPECT_NE(page.find("those of 3 are consistent within 10 %"), std::string::npos);  // 8, 9, 10
 }
 
+TEST(ReportPage, OfARequestThatOccursTwiceTheLastIsShownAndCopiesNever) {
+  const TempFolder data;
+  for (const int request : {8, 9}) addRequest(data, request, 0, true, 0.7486363870576611);
+  constexpr char kFile[] = "/simulation_AE_AECData_camId[0]_ev[0].xml";
+  const auto write = [&](const std::string& name, const char* lux) {
+    data.write(name + kFile, "<SimulationData>" + element("LuxIndex", lux) + "</SimulationData>");
+  };
+  write("IMG_COPY_8", "99");
+  data.write(std::string("IMG_COPY_8/") + kProvenanceFile, R"({"capture": "8/0"})");
+  const std::string once = pageOf(data);
+  EXPECT_NE(once.find("<p>Changed copies of captures that are here, too, are left out: 1.</p>"),
+            std::string::npos);
+  EXPECT_GT(once.find(">99<"), once.find("<section id=\"captures\""));
+  write("IMG_8", "5");
+  const std::string twice = pageOf(data);
+  EXPECT_NE(twice.find("<p>1 request occurs in more than one capture of the same camera"),
+            std::string::npos);
+  const std::size_t list = twice.find("<section id=\"captures\"");
+  EXPECT_LT(twice.find(">IMG_8<", list), twice.find(">8/0<", list));  // which is told to be shown
+  EXPECT_EQ(countOf("[8,0.74863636]", twice), 1U);
+  EXPECT_LT(twice.find("<td>5</td>"), list);  // in the table of all values
+}
+
 TEST(ReportPage, WhatADamagedFileLeavesOpenIsNoVerdict) {
   const TempFolder data;
   const auto damage = [&](int request, int camera, const char* file) {
@@ -487,13 +519,14 @@ TEST(ReportPage, ShowsTheNewestImagesInPictures) {
     EXPECT_EQ(countOf(fmt::format(">IMG_{}</h2>", sound), page), 0U) << sound;
   }
   EXPECT_EQ(countOf("class=\"thumbnail\"", page), 6U);
-  Request all = {Store(data.path()), {}};
+  Request all = {Store(data.path() + "/IMG_1/../."), {}};
   all.allPictures = true;
   std::string whole;
   EXPECT_EQ(writeReport(
                 all, [&](const std::string& piece) { whole += piece; }, [] {}),
             7U);
   EXPECT_EQ(countOf("<h4>", whole), 6U);
+  EXPECT_EQ(countOf("<h1>Captures of " + data.path() + "</h1>", whole), 1U);
 }
 
 TEST(ReportPage, SmallRecordsStandInColumnsByCamera) {
