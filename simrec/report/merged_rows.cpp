@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 #include "simrec/expected_values.h"
 #include "simrec/report/views.h"
@@ -12,11 +13,11 @@
 namespace simrec::report {
 namespace {
 
-using Numbers = std::set<int>;
+using NumberSet = std::set<int>;
 
 /// Records of one kind that have every camera with every call and every exposure step here.
 struct Records {
-  std::array<Numbers, 3> numbers;  ///< cameras, calls, exposure steps
+  std::array<NumberSet, 3> numbers;  ///< cameras, calls, exposure steps
   std::string text;
 
   bool operator<(const Records& other) const {
@@ -25,7 +26,7 @@ struct Records {
 };
 
 /// "0, 2 and 5 to 7"
-std::string wordsFor(const Numbers& numbers) {
+std::string wordsFor(const NumberSet& numbers) {
   std::vector<std::string> parts;
   for (auto at = numbers.begin(); at != numbers.end();) {
     const int first = *at;
@@ -61,9 +62,9 @@ Records recordsOf(const RecordPair& pair) {
 
 /// Those that differ in one kind of number alone are one.
 std::set<Records> united(const std::set<Records>& all, std::size_t which) {
-  std::map<Records, Numbers> found;
+  std::map<Records, NumberSet> found;
   for (Records records : all) {
-    const Numbers numbers = std::move(records.numbers[which]);
+    const NumberSet numbers = std::move(records.numbers[which]);
     records.numbers[which].clear();
     found[std::move(records)].insert(numbers.begin(), numbers.end());
   }
@@ -76,12 +77,12 @@ std::set<Records> united(const std::set<Records>& all, std::size_t which) {
   return result;
 }
 
-std::string wordsFor(const Records& records, const Numbers& allCameras) {
+std::string wordsFor(const Records& records, const NumberSet& allCameras) {
   std::string words;
   const auto add = [&](const std::string& part) {
     if (!part.empty()) words += (words.empty() ? "" : ", ") + part;
   };
-  const auto addNumbers = [&](const char* one, const char* several, const Numbers& numbers) {
+  const auto addNumbers = [&](const char* one, const char* several, const NumberSet& numbers) {
     if (numbers.empty()) return;
     add(fmt::format("{} {}", numbers.size() > 1 ? several : one, wordsFor(numbers)));
   };
