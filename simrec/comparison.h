@@ -26,6 +26,7 @@ struct MemberDifference {
   std::optional<Number> a, b;      ///< one may be missing
   std::optional<Number> absolute;  ///< of both; exact for integers
   double relative = 0;             ///< to the larger magnitude
+  bool isFlag = false;             ///< its values have meanings: no quantity
 };
 
 /// A list, or what is missing of it on one side.

@@ -23,6 +23,11 @@ const Values* itemOf(const Value* array, std::size_t index) {
   return &(*array->items())[index];
 }
 
+/// Of AECSettled, which has no two values but 0 and anything else, one byte is what counts.
+bool isFlag(const Member& member) {
+  return !member.meanings.empty() || member.replay == catalogue::Replay::kFirstByte;
+}
+
 /// The values of two records, or of two groups in them; null where a side has none.
 class ValueComparison {
  public:
@@ -68,7 +73,8 @@ class ValueComparison {
     if (isSame(left, right)) return;
     const Number gap = distance(left, right);
     if (member.meanings.empty() && isNear(left, right, gap, tolerance_)) return;
-    result_.members.push_back({path, left, right, gap, relativeTo(left, right, gap)});
+    result_.members.push_back(
+        {path, left, right, gap, relativeTo(left, right, gap), isFlag(member)});
   }
 
   void compareLists(const Member& member, const Value* a, const Value* b, const std::string& path) {

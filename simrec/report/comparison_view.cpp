@@ -3,9 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 
+#include "simrec/report/change_summary.h"
+#include "simrec/report/merged_rows.h"
 #include "simrec/selection.h"
 #include "simrec/text.h"
 #include "simrec/wording.h"
@@ -15,12 +16,6 @@ namespace {
 
 /// More differences of a kind are only counted.
 constexpr std::size_t kMostRows = 200;
-
-constexpr char kProblem[] = "problem";
-
-std::string numberText(const std::optional<Number>& number) {
-  return number ? simrec::textOf(*number) : "missing";
-}
 
 std::string listText(std::optional<std::size_t> size) {
   return size ? counted(*size, "number") : "missing";
@@ -44,64 +39,6 @@ std::string wordsFor(const MemberDifference& member) {
   return fmt::format("by {} ({})", simrec::roughly(*member.absolute), percentage(member.relative));
 }
 
-/// "Camera 0, preview", and how the other's file is told where that is another.
-std::string titleOfPair(const RecordPair& pair) {
-  const std::string title = titleOf(*pair.any().parts);
-  const std::string other = pair.a && pair.b ? titleOf(*pair.b->parts) : title;
-  return other == title ? title : title + " and " + other;
-}
-
-/// Rows of texts, each told once for all records that have the same.
-class Merged {
- public:
-  using Texts = std::vector<std::string>;
-
-  struct Row {
-    Texts texts;
-    std::string records;
-    double rank;
-  };
-
-  void add(const std::string& record, Texts texts, double rank = 0) {
-    const auto [found, isNew] = places_.try_emplace(texts, rows_.size());
-    if (isNew) {
-      rows_.push_back({std::move(texts), record, rank});
-    } else {
-      rows_[found->second].records += "; " + record;
-    }
-  }
-
-  const std::vector<Row>& rows() const { return rows_; }
-
-  /// The first ones by rank.
-  std::vector<Row> most(std::size_t count) const {
-    std::vector<Row> rows = rows_;
-    std::stable_sort(rows.begin(), rows.end(),
-                     [](const Row& a, const Row& b) { return a.rank > b.rank; });
-    rows.resize(std::min(rows.size(), count));
-    return rows;
-  }
-
- private:
-  std::vector<Row> rows_;
-  std::map<Texts, std::size_t> places_;
-};
-
-/// The first text is the row's name; records are told last.
-Json rowsFor(const std::vector<Merged::Row>& merged) {
-  Json rows = Json::array();
-  for (const Merged::Row& each : merged) {
-    std::vector<Json> cells;
-    const bool isProblem = each.texts[0] == kProblem;
-    for (std::size_t i = 1; i < each.texts.size(); ++i) {
-      cells.push_back(cell(each.texts[i], isProblem && !each.texts[i].empty()));
-    }
-    cells.push_back(cell(each.records));
-    rows.push_back(row(each.texts[0], std::move(cells)));
-  }
-  return rows;
-}
-
 /// All differences of the records of one kind.
 class KindTable {
  public:
@@ -110,9 +47,7 @@ class KindTable {
   const catalogue::Kind& kind() const { return *kind_; }
 
   void add(const RecordPair& pair, const RecordDifference& difference) {
-    const auto add = [&, title = titleOfPair(pair)](Merged::Texts texts) {
-      merged_.add(title, std::move(texts));
-    };
+    const auto add = [&](MergedRows::Texts texts) { merged_.add(pair, std::move(texts)); };
     for (const MemberDifference& member : difference.members) {
       add({member.name, numberText(member.a), numberText(member.b), wordsFor(member)});
     }
@@ -129,7 +64,7 @@ class KindTable {
   }
 
   /// Null: there is nothing in it.
-  Json json() const {
+  Json json(const RecordWords& words) const {
     const std::size_t count = merged_.rows().size();
     if (count == 0) return nullptr;
     std::string caption = fmt::format("{}: {}", kind_->name, kind_->content);
@@ -137,12 +72,12 @@ class KindTable {
       caption += fmt::format(" ({} are not shown)", counted(count - kMostRows, "more row"));
     }
     return table(caption, {"Member", "A", "B", "Difference", "Records"},
-                 rowsFor(merged_.most(kMostRows)));
+                 rowsFor(merged_.most(kMostRows), words));
   }
 
  private:
   const catalogue::Kind* kind_;
-  Merged merged_;
+  MergedRows merged_;
 };
 
 /// What differs, kind by kind.
@@ -158,10 +93,10 @@ class DifferenceTables {
                                            counted(difference.bytes.rangeCount, "range")))}));
   }
 
-  Json json() {
+  Json json(const RecordWords& words) {
     Json tables = Json::array();
     for (const KindTable& kind : kinds_) {
-      if (Json json = kind.json(); !json.is_null()) tables.push_back(std::move(json));
+      if (Json json = kind.json(words); !json.is_null()) tables.push_back(std::move(json));
     }
     if (!bytes_.empty()) {
       tables.push_back(table("Binary records", {"Record", "Bytes that differ"}, std::move(bytes_)));
@@ -174,48 +109,21 @@ class DifferenceTables {
   Json bytes_ = Json::array();
 };
 
-/// The answer above all others: what changed most, and what only one of them has.
-class Summary {
- public:
-  void add(const RecordPair& pair, const RecordDifference& difference) {
-    if (!pair.a || !pair.b) {
-      alone_.push_back(row(printable(pair.any().name), {cell(pair.a ? "A" : "B")}));
-      return;
-    }
-    const std::string title = titleOfPair(pair);
-    const std::string kind = std::string(pair.any().parts->kind->name) + ".";
-    for (const MemberDifference& member : difference.members) {
-      if (!member.absolute || !std::isfinite(member.relative)) continue;
-      members_.add(title,
-                   {kind + member.name, numberText(member.a), numberText(member.b),
-                    percentage(member.relative)},
-                   member.relative);
-    }
-    for (const ListDifference& list : difference.lists) {
-      if (list.count() == 0) continue;
-      lists_.add(title, {kind + list.name, wordsFor(list, !difference.labels.empty())},
-                 static_cast<double>(list.differing) / static_cast<double>(list.count()));
-    }
-  }
-
-  Json tables() {
-    constexpr std::size_t kMost = 8;
-    Json tables = Json::array();
-    const auto put = [&](Json rows, const char* caption, const std::vector<std::string>& head) {
-      if (!rows.empty()) tables.push_back(table(caption, head, std::move(rows)));
-    };
-    put(rowsFor(members_.most(kMost)), "Numbers that changed most, relative to the larger one",
-        {"Member", "A", "B", "Change", "Records"});
-    put(rowsFor(lists_.most(kMost)), "Lists and pictures of which most changed, and where",
-        {"List", "Numbers that differ", "Records"});
-    put(std::move(alone_), "Records that only one of them has", {"Record", "Only in"});
-    return tables;
-  }
-
- private:
-  Merged members_, lists_;
-  Json alone_ = Json::array();
-};
+/// "64 of 91 records differ, 24 are only in A"
+std::string answerFor(std::map<Outcome, std::size_t>& outcomes, std::size_t count) {
+  std::string text;
+  const auto add = [&](Outcome outcome, const char* one, const char* several) {
+    const std::size_t part = outcomes[outcome];
+    if (part == 0) return;
+    text += text.empty() ? fmt::format("{} of {} ", part, counted(count, "record"))
+                         : fmt::format(", {} ", part);
+    text += part == 1 ? one : several;
+  };
+  add(Outcome::kDifferent, "differs", "differ");
+  add(Outcome::kOnlyInA, "is only in A", "are only in A");
+  add(Outcome::kOnlyInB, "is only in B", "are only in B");
+  return text.empty() ? fmt::format("All {} are the same", counted(count, "record")) : text;
+}
 
 Json pairView(const Capture& a, const Capture& b, const RecordPair& pair, Ids& ids) {
   return comparedView(readRecord(a.path, *pair.a), readRecord(b.path, *pair.b), ids);
@@ -228,20 +136,20 @@ void forEachDifference(const Capture& a, const Capture& b, Ids& ids,
   const auto pairs = pairRecords(Selection().of(filesOf(a)), Selection().of(filesOf(b)));
   std::vector<const RecordPair*> pictured;
   DifferenceTables differences;
-  Summary summary;
-  std::size_t differing = 0;
+  ChangeSummary summary;
+  std::map<Outcome, std::size_t> outcomes;
   for (const RecordPair& pair : pairs) {
     const RecordDifference difference = compareRecords(a.path, b.path, pair);
+    ++outcomes[difference.outcome];
     if (difference.outcome == Outcome::kSame) continue;
-    ++differing;
     summary.add(pair, difference);
     differences.add(pair, difference);
     if (pair.a && pair.b && isPictured(*pair.any().parts->kind)) pictured.push_back(&pair);
   }
-  const std::string answer =
-      differing == 0 ? fmt::format("All {} are the same", counted(pairs.size(), "record"))
-                     : fmt::format("{} of {} differ", differing, counted(pairs.size(), "record"));
-  use({{"groupTitle", answer}, {"views", Json::array()}, {"tables", summary.tables()}});
+  const RecordWords words(pairs);
+  use({{"groupTitle", answerFor(outcomes, pairs.size())},
+       {"views", Json::array()},
+       {"tables", summary.tables(a, words)}});
   Json pictures = {
       {"groupTitle", "Side by side"}, {"views", Json::array()}, {"tables", Json::array()}};
   for (const RecordPair* const pair : pictured) {
@@ -251,7 +159,7 @@ void forEachDifference(const Capture& a, const Capture& b, Ids& ids,
     use(pictures);
     pictures["groupTitle"] = "";
   }
-  Json tables = differences.json();
+  Json tables = differences.json(words);
   if (tables.empty()) return;
   use({{"groupTitle", "All differences"}, {"views", Json::array()}, {"tables", std::move(tables)}});
 }

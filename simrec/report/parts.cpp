@@ -67,12 +67,16 @@ Field logarithmOf(Field field, double least) {
 
 Range logarithmOf(const Range& range) { return {std::log(range.low), std::log(range.high)}; }
 
-/// An end beyond which there are values has a sign.
+/// An end beyond which there are values has a sign, where they read otherwise.
 Json scaleOf(const Range& range, const Extremes& extremes, const Map& map, bool logarithmic) {
   const double middle =
       logarithmic ? std::sqrt(range.low * range.high) : (range.low + range.high) / 2;
-  const char* const below = extremes.low < range.low ? "\xE2\x89\xA4 " : "";
-  const char* const above = extremes.high > range.high ? "\xE2\x89\xA5 " : "";
+  const char* const below = extremes.low < range.low && rounded(extremes.low) != rounded(range.low)
+                                ? "\xE2\x89\xA4 "
+                                : "";
+  const char* const above =
+      extremes.high > range.high && rounded(extremes.high) != rounded(range.high) ? "\xE2\x89\xA5 "
+                                                                                  : "";
   return {{"scaleImage", scaleImage(*map.palette)},
           {"low", below + rounded(range.low)},
           {"middle", rounded(middle) + (logarithmic ? " (log)" : "")},

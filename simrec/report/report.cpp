@@ -130,16 +130,22 @@ class Page {
                          printable(request_.compared->second.name));
     }
     if (digests_.size() == 1) return "Capture " + printable(digests_.front().capture.name);
-    return "Captures of " + printable(request_.store.data());
+    return "Captures of " + dataPath();
+  }
+
+  /// A page is read elsewhere than where it was made.
+  std::string dataPath() const {
+    std::error_code error;
+    const auto data = std::filesystem::absolute(request_.store.data(), error);
+    if (error) return printable(request_.store.data());
+    const auto path = data.lexically_normal();
+    return printable(path.has_filename() ? path.string() : path.parent_path().string());
   }
 
   std::string facts() const {
     const std::string count = counted(digests_.size(), "capture");
     if (isNamed()) return count + ".";
-    std::error_code error;  // a page is read elsewhere than where it was made
-    const auto data = std::filesystem::absolute(request_.store.data(), error);
-    return fmt::format("{} in {}.", count,
-                       printable(error ? request_.store.data() : data.lexically_normal().string()));
+    return fmt::format("{} in {}.", count, dataPath());
   }
 
   void writeHead() {

@@ -32,6 +32,9 @@ class Names {
   /// In labels of the map, as all sizes here.
   double size() const { return 0.034 * columns_; }
 
+  /// Names that touch would read as one number.
+  double gap() const { return 0.5 * size(); }
+
   void add(const Json& frame, const std::string& name) {
     const double left = frame["left"].get<double>(), top = frame["top"].get<double>();
     if (left >= columns_ || top >= rows_) return;  // beyond the map
@@ -66,7 +69,8 @@ class Names {
 
   bool isFree(const Place& place) const {
     return std::none_of(taken_.begin(), taken_.end(), [&](const Place& each) {
-      return place.across < each.across + each.width && each.across < place.across + place.width &&
+      return place.across < each.across + each.width + gap() &&
+             each.across < place.across + place.width + gap() &&
              std::fabs(place.down - each.down) < size();
     });
   }
@@ -119,7 +123,9 @@ Json shareTable(const LabelMap& map) {
                         cell(std::to_string(map.counts[label]))},
                        hexOf(labelPalette()[label])));
   }
-  return table("Share of each label", {"Label", "Share of the frame", "Places"}, std::move(rows));
+  const std::string missing = map.wordsForMissing();
+  return table(missing.empty() ? "Share of each label" : "Share of each label; " + missing,
+               {"Label", "Share of the frame", "Places"}, std::move(rows));
 }
 
 Json instanceTable(const Values& values) {

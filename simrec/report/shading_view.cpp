@@ -88,6 +88,15 @@ void placeNames(Json& lines) {
   }
 }
 
+/// Of each point of the diagonal, from the centre.
+std::vector<double> distancesOf(std::size_t steps) {
+  std::vector<double> distances;
+  for (std::size_t i = 0; i <= steps; ++i) {
+    distances.push_back(std::fabs(2 * static_cast<double>(i) / static_cast<double>(steps) - 1));
+  }
+  return distances;
+}
+
 /// The gains along the diagonal, relative to those at the centre.
 Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
   std::vector<const std::vector<double>*> diagonals;
@@ -103,7 +112,7 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
       {{-1, "top left"}, {-0.5, "0.5"}, {0, "0"}, {0.5, "0.5"}, {1, "bottom right"}}};
   const Axis up = {"gain (centre: 1)", range, kChartHeight};
   Json lines = Json::array();
-  std::string lists, wild;
+  std::string lists = "distance", wild;
   std::size_t steps = 1;
   for (std::size_t i = 0; i < channels.size(); ++i) {
     const ShadingChannel& channel = channels[i];
@@ -111,7 +120,7 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
     if (!share[i]) wild += (wild.empty() ? "" : ", ") + std::string(channel.name);
     if (!share[i] || extremesOf(channel.diagonal).count == 0) continue;
     numbers.add(channel.name, tokensOf(channel.diagonal));
-    lists += (lists.empty() ? "" : " ") + std::string(channel.name);
+    lists += " " + std::string(channel.name);
     steps = channel.diagonal.size() - 1;
     const Line line = lineOf(channel.diagonal, up, i);
     lines.push_back({{"lineName", channel.name},
@@ -122,6 +131,7 @@ Json chartOf(const std::vector<ShadingChannel>& channels, Numbers& numbers) {
                      {"nameDown", line.end}});
   }
   placeNames(lines);
+  numbers.add("distance", tokensOf(distancesOf(steps)));
   return {{"lines", lines},
           {"axes", axesOf(across, up, 40)},
           {"chartNumbers", numbers.id()},

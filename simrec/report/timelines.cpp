@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "simrec/provenance.h"
 #include "simrec/report/overview_view.h"
 #include "simrec/text.h"
 
@@ -24,10 +25,13 @@ struct Point {
   const std::string* capture;
 };
 
-/// The moments that have a request, in their order.
-std::multimap<std::int64_t, Point> pointsOf(const std::vector<Digest>& digests) {
-  std::multimap<std::int64_t, Point> points;
+using Points = std::multimap<std::int64_t, Point>;
+
+/// The moments that have a request, in their order; without those of `copies`.
+Points pointsOf(const std::vector<Digest>& digests, const std::set<std::string>& copies) {
+  Points points;
   for (const Digest& digest : digests) {
+    if (copies.count(digest.capture.path) > 0) continue;
     for (const Moment& moment : digest.moments) {
       if (moment.request) points.emplace(*moment.request, Point{&moment, &digest.capture.name});
     }
@@ -35,16 +39,75 @@ std::multimap<std::int64_t, Point> pointsOf(const std::vector<Digest>& digests) 
   return points;
 }
 
-using Points = std::multimap<std::int64_t, Point>;
+/// The folders of changed copies of captures that are here, too: they are no moments of their own.
+std::set<std::string> copiesAmong(const std::vector<Digest>& digests) {
+  std::set<std::string> names, copies;
+  for (const Digest& digest : digests) names.insert(digest.capture.name);
+  for (const Digest& digest : digests) {
+    const auto provenance = readProvenance(digest.capture);
+    if (provenance && names.count(provenance->capture) > 0) copies.insert(digest.capture.path);
+  }
+  return copies;
+}
+
+/// What lines show: of each request and camera one moment.
+class Shown {
+ public:
+  /// Of several that have a value the last one counts.
+  explicit Shown(const Points& points) {
+    for (const auto& [request, point] : points) {
+      const auto key = std::pair(request, point.moment->camera);
+      const auto [found, isNew] = moments_.try_emplace(key, *point.moment);
+      if (isNew) continue;
+      if (point.moment->camera) repeated_.insert(request);
+      for (std::size_t i = 0; i < kQuantities; ++i) {
+        if (point.moment->values[i]) found->second.values[i] = point.moment->values[i];
+      }
+    }
+    for (const auto& [key, moment] : moments_) points_.emplace(key.first, Point{&moment, nullptr});
+  }
+  Shown(const Shown&) = delete;
+  Shown& operator=(const Shown&) = delete;
+
+  const Points& points() const { return points_; }
+
+  /// How many requests several captures have of one camera.
+  std::size_t repeated() const { return repeated_.size(); }
+
+ private:
+  std::map<std::pair<std::int64_t, std::optional<int>>, Moment> moments_;
+  std::set<std::int64_t> repeated_;
+  Points points_;
+};
+
+/// False: there is nothing to say.
+Json repeatedSentence(std::size_t repeated, std::size_t copies) {
+  std::string text;
+  if (repeated > 0) {
+    text = fmt::format(
+        "{} {} in more than one capture of the same camera: the graphs show the one that stands "
+        "last in the list of captures.",
+        counted(repeated, "request"), repeated == 1 ? "occurs" : "occur");
+  }
+  if (copies > 0) {
+    text += fmt::format("{}Changed copies of captures that are here, too, are left out: {}.",
+                        text.empty() ? "" : " ", copies);
+  }
+  return text.empty() ? Json(false) : Json(text);
+}
 
 std::string nameOf(const std::optional<int>& camera) {
   return camera ? fmt::format("camera {}", *camera) : "all cameras";
 }
 
-/// "-", or the number; of a fraction as many digits as a file has.
+/// A fraction has as many digits as a float, which it is in a file.
+Json numberJson(double value) {
+  return toJson(value == std::trunc(value) ? value : shortestDecimal(static_cast<float>(value)));
+}
+
+/// "-", or the number.
 std::string valueText(const std::optional<double>& value) {
-  if (!value) return "-";
-  return *value == std::trunc(*value) ? dump(toJson(*value)) : fmt::format("{:.8g}", *value);
+  return value ? dump(numberJson(*value)) : "-";
 }
 
 /// A quantity amid a sentence.
@@ -63,7 +126,7 @@ std::string lookOf(const std::optional<int>& camera) {
 }
 
 /// A row for each request, a column for each camera that has the quantity at all: null where a
-/// camera has no value; of two in one request the later one counts.
+/// camera has no value.
 Json graphOf(const Points& points, std::size_t quantity) {
   std::set<std::optional<int>> cameras;
   std::map<std::int64_t, std::map<std::optional<int>, double>> values;
@@ -84,7 +147,7 @@ Json graphOf(const Points& points, std::size_t quantity) {
     Json row = {request};
     for (const auto& camera : cameras) {
       const auto found = byCamera.find(camera);
-      row.push_back(found != byCamera.end() ? toJson(found->second) : Json());
+      row.push_back(found != byCamera.end() ? numberJson(found->second) : Json());
     }
     rows.push_back(std::move(row));
   }
@@ -292,11 +355,11 @@ Json comparisonRows(const std::vector<const Moment*>& moments) {
     if (!quantity.isCompared || !anyHas(moments, i)) continue;
     std::vector<Json> cells;
     cells.reserve(moments.size() + 1);
+    cells.push_back(spread ? cell(fmt::format("{:.3g} %", 100 * *spread), *spread > kConsistent)
+                           : cell("-", true));
     for (const Moment* const moment : moments) {
       cells.push_back(cell(valueText(moment->values[i]), !moment->values[i]));
     }
-    cells.push_back(spread ? cell(fmt::format("{:.3g} %", 100 * *spread), *spread > kConsistent)
-                           : cell("-", true));
     rows.push_back(row(quantity.title, std::move(cells)));
   }
   return rows;
@@ -305,12 +368,14 @@ Json comparisonRows(const std::vector<const Moment*>& moments) {
 }  // namespace
 
 Json timelines(const std::vector<Digest>& digests) {
-  const Points points = pointsOf(digests);
+  const std::set<std::string> copies = copiesAmong(digests);
+  const Points points = pointsOf(digests, copies);
   if (points.empty() || points.begin()->first == points.rbegin()->first) return false;
+  const Shown shown(points);
   Json graphs = Json::array();
   std::vector<std::size_t> quantities;
   for (std::size_t i = 0; i < kQuantities; ++i) {
-    Json graph = graphOf(points, i);
+    Json graph = graphOf(shown.points(), i);
     if (graph.is_null()) continue;
     graphs.push_back(std::move(graph));
     quantities.push_back(i);
@@ -318,7 +383,8 @@ Json timelines(const std::vector<Digest>& digests) {
   if (graphs.empty()) return false;
   return {{"graphs", std::move(graphs)},
           {"seriesKey", seriesKey(points)},
-          {"settledTable", settledTable(points)},
+          {"repeatedSentence", repeatedSentence(shown.repeated(), copies.size())},
+          {"settledTable", settledTable(shown.points())},
           {"valueTable", valueTable(points, quantities)}};
 }
 
@@ -326,11 +392,10 @@ Json cameraComparison(const std::vector<Moment>& moments) {
   const std::vector<const Moment*> cameras = camerasOf(moments);
   if (cameras.size() < 2) return false;
   Json rows = comparisonRows(cameras);
-  std::vector<std::string> head = {"Quantity"};
+  std::vector<std::string> head = {"Quantity", "Differ by"};
   for (const Moment* const moment : cameras) {
     head.push_back(fmt::format("Camera {}", *moment->camera));
   }
-  head.emplace_back("Differ by");
   Json verdicts = Json::array();
   if (cameras.size() > kMostPaired) verdicts.push_back(verdictOf(cameras));
   for (std::size_t i = 0; i < cameras.size() && cameras.size() <= kMostPaired; ++i) {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <regex>
 #include <set>
 
 #include "simrec/error.h"
@@ -174,10 +175,37 @@ TEST(ReportAxes, TicksAreRoundAndWithinTheRange) {
   }
 }
 
+/// The bytes behind base64.
+std::string bytesOf(const std::string& text) {
+  std::string bytes;
+  std::uint32_t bits = 0;
+  int count = 0;
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  for (const char digit : text.substr(0, text.find('='))) {
+    bits = bits << 6 | static_cast<std::uint32_t>(kDigits.find(digit));
+    count += 6;
+    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
+  }
+  return bytes;
+}
+
+/// What a page has packed, unpacked.
+std::string unpacked(const std::string& text) {
+  const std::string bytes = bytesOf(text);
+  std::string out(1 << 20, '\0');
+  uLongf size = out.size();
+  EXPECT_EQ(uncompress(reinterpret_cast<Bytef*>(out.data()), &size,
+                       reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()),
+            Z_OK);
+  return out.substr(0, size);
+}
+
 TEST(ReportShading, LinesThatCoincideHaveNamesAndSignsOfTheirOwn) {
   const TempFolder folder;
   Ids ids;
-  const Json chart = viewOf(recordIn(folder, kShadingFile, shadingXml()), {}, ids)["chart"];
+  const Json view = viewOf(recordIn(folder, kShadingFile, shadingXml()), {}, ids);
+  const Json& chart = view["chart"];
   ASSERT_EQ(chart["lines"].size(), 4U);
   std::set<double> places;
   std::set<std::string> signs;
@@ -185,6 +213,9 @@ TEST(ReportShading, LinesThatCoincideHaveNamesAndSignsOfTheirOwn) {
     places.insert(line["nameDown"].get<double>());
     signs.insert(line["signs"].get<std::string>().substr(0, 6));
   }
+  EXPECT_EQ(chart["chartLists"], "distance R Gr Gb B");
+  const std::string lists = unpacked(view["dataSets"][0]["data"].get<std::string>());
+  EXPECT_NE(lists.find("distance\t1,0.875,0.75,"), std::string::npos);
   EXPECT_EQ(places, (std::set<double>{0, 13, 26, 39}));
   EXPECT_EQ(signs.size(), 4U);
 }
@@ -202,21 +233,6 @@ std::vector<Color> pixelsOf(const std::string& png, std::size_t width, std::size
   return pixels;
 }
 
-/// The bytes behind base64.
-std::string bytesOf(const std::string& text) {
-  std::string bytes;
-  std::uint32_t bits = 0;
-  int count = 0;
-  constexpr std::string_view kDigits =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  for (const char digit : text.substr(0, text.find('='))) {
-    bits = bits << 6 | static_cast<std::uint32_t>(kDigits.find(digit));
-    count += 6;
-    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8));
-  }
-  return bytes;
-}
-
 TEST(ReportPictures, RatiosAreOnALogarithmicScale) {
   const Field field = {5, 1, {0.25, 1, 4, -1, std::nan("")}};
   Ids ids;
@@ -229,6 +245,11 @@ TEST(ReportPictures, RatiosAreOnALogarithmicScale) {
   const Color wanted[] = {palette[0], palette[128], palette[255], palette[0], kNoValue};
   const auto pixels = pixelsOf(bytesOf(shown["png"].get<std::string>()), 5, 1);
   EXPECT_TRUE(std::equal(pixels.begin(), pixels.end(), std::begin(wanted)));
+  EXPECT_EQ(shown["scale"]["low"], "\xE2\x89\xA4 0.25");
+  map.range = report::Range{-0.99999, 3.99999};
+  const Json ends = figure(map, field, Numbers(ids))["scale"];
+  EXPECT_EQ(ends["low"], "-1");  // which is the lowest as it reads
+  EXPECT_EQ(ends["high"], "4");
   map.range = report::Range{0, 4};  // has no logarithm
   EXPECT_EQ(figure(map, field, Numbers(ids))["scale"]["middle"], "2");
 }
@@ -263,17 +284,6 @@ TEST(ReportPictures, ThePlanesWidthIsFound) {
   }
   EXPECT_EQ(planeOf("x", 0).width, 0U);
   EXPECT_EQ(planeOf("abc", 100).width, 0U);
-}
-
-/// What a page has packed, unpacked.
-std::string unpacked(const std::string& text) {
-  const std::string bytes = bytesOf(text);
-  std::string out(1 << 20, '\0');
-  uLongf size = out.size();
-  EXPECT_EQ(uncompress(reinterpret_cast<Bytef*>(out.data()), &size,
-                       reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()),
-            Z_OK);
-  return out.substr(0, size);
 }
 
 TEST(ReportNumbers, ListsArePackedAsShowHasThem) {
@@ -330,6 +340,30 @@ TEST(ReportSegmentation, SharesAreOfAllLabelsAndFramesOfValidInstances) {
   EXPECT_EQ(other["figures"][0]["overlay"], false);  // nobody knows where frames would lie
   EXPECT_NE(other["viewFacts"].get<std::string>().find("8 x 1 labels (as many as"),
             std::string::npos);
+  EXPECT_EQ(other["tables"][0]["caption"], "Share of each label");
+}
+
+TEST(ReportSegmentation, SharesOfAShortListAreOfTheFrame) {
+  const TempFolder folder;
+  Ids ids;
+  const Json view =
+      viewOf(recordIn(folder, "simulation_AWB_QsegImageData_camId[0].xml", labelXml(8)), {}, ids);
+  EXPECT_EQ(view["tables"][0]["tableRows"][1]["cells"][0]["cellText"], "12.50 %");
+  EXPECT_EQ(view["figures"][0]["summary"],
+            "3 labels; the most frequent one is 0 with 31.2 % of the frame; 8 of 16 places have no "
+            "label.");
+}
+
+TEST(ReportSegmentation, NamesOfInstancesDoNotTouch) {
+  const TempFolder folder;
+  Ids ids;
+  std::string xml = labelXml(4);
+  xml.replace(xml.find("<left>1</left>"), 14, "<left>0</left>");
+  const Json names = viewOf(recordIn(folder, "simulation_AWB_QsegImageData_camId[0].xml", xml), {},
+                            ids)["figures"][0]["overlay"]["names"];
+  const auto acrossOf = [&](int i) { return std::stod(names[i]["nameAcross"].get<std::string>()); };
+  const double wide = 0.034 * 4;
+  EXPECT_GE(acrossOf(1) - acrossOf(0), 1.2 * wide - 0.05);
 }
 
 TEST(ReportSpectral, BarsStandOnZero) {
@@ -404,6 +438,29 @@ TEST(ReportPage, TellsWhenExposureSettledAndWhichCamerasDisagree) {
   EXPECT_NE(page.find("those of 3 are consistent within 10 %"), std::string::npos);  // 8, 9, 10
 }
 
+TEST(ReportPage, OfARequestThatOccursTwiceTheLastIsShownAndCopiesNever) {
+  const TempFolder data;
+  for (const int request : {8, 9}) addRequest(data, request, 0, true, 0.7486363870576611);
+  constexpr char kFile[] = "/simulation_AE_AECData_camId[0]_ev[0].xml";
+  const auto write = [&](const std::string& name, const char* lux) {
+    data.write(name + kFile, "<SimulationData>" + element("LuxIndex", lux) + "</SimulationData>");
+  };
+  write("IMG_COPY_8", "99");
+  data.write(std::string("IMG_COPY_8/") + kProvenanceFile, R"({"capture": "8/0"})");
+  const std::string once = pageOf(data);
+  EXPECT_NE(once.find("<p>Changed copies of captures that are here, too, are left out: 1.</p>"),
+            std::string::npos);
+  EXPECT_GT(once.find(">99<"), once.find("<section id=\"captures\""));
+  write("IMG_8", "5");
+  const std::string twice = pageOf(data);
+  EXPECT_NE(twice.find("<p>1 request occurs in more than one capture of the same camera"),
+            std::string::npos);
+  const std::size_t list = twice.find("<section id=\"captures\"");
+  EXPECT_LT(twice.find(">IMG_8<", list), twice.find(">8/0<", list));  // which is told to be shown
+  EXPECT_EQ(countOf("[8,0.74863636]", twice), 1U);
+  EXPECT_LT(twice.find("<td>5</td>"), list);  // in the table of all values
+}
+
 TEST(ReportPage, WhatADamagedFileLeavesOpenIsNoVerdict) {
   const TempFolder data;
   const auto damage = [&](int request, int camera, const char* file) {
@@ -462,13 +519,14 @@ TEST(ReportPage, ShowsTheNewestImagesInPictures) {
     EXPECT_EQ(countOf(fmt::format(">IMG_{}</h2>", sound), page), 0U) << sound;
   }
   EXPECT_EQ(countOf("class=\"thumbnail\"", page), 6U);
-  Request all = {Store(data.path()), {}};
+  Request all = {Store(data.path() + "/IMG_1/../."), {}};
   all.allPictures = true;
   std::string whole;
   EXPECT_EQ(writeReport(
                 all, [&](const std::string& piece) { whole += piece; }, [] {}),
             7U);
   EXPECT_EQ(countOf("<h4>", whole), 6U);
+  EXPECT_EQ(countOf("<h1>Captures of " + data.path() + "</h1>", whole), 1U);
 }
 
 TEST(ReportPage, SmallRecordsStandInColumnsByCamera) {
@@ -503,7 +561,7 @@ TEST(ReportPage, SetsTwoCapturesSideBySide) {
   const std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
   EXPECT_NE(page.find("1 of 221 places differ, most by 2.5 at column 0, row 0"), std::string::npos);
   EXPECT_EQ(countOf("<figcaption>", page), 3U);  // R alone differs
-  const std::size_t answer = page.find("<h3>2 of 2 records differ</h3>");
+  const std::size_t answer = page.find("<h3>1 of 2 records differs, 1 is only in B</h3>");
   EXPECT_LT(answer, page.find("<h3>Side by side</h3>"));
   EXPECT_NE(page.find(">LSC.rGain</th><td class=\"long\">1 of 221 (", answer), std::string::npos);
   EXPECT_EQ(countOf("FaceROI_camId[0].bin</th><td>B</td>", page), 1U);
@@ -529,9 +587,8 @@ TEST(ReportPage, WhatSeveralRecordsHaveInCommonIsToldOnce) {
   const std::size_t all = page.find("<h3>All differences</h3>");
   constexpr char kRow[] =
       "LuxIndex</th><td>100</td><td>{}</td><td>by {} ({} %)</td><td{}>{}</td></tr>";
-  for (const std::string& row :
-       {fmt::format(kRow, 200, 100, 50, " class=\"long\"", "Camera 0, ev 0; Camera 1, ev 0"),
-        fmt::format(kRow, 400, 300, 75, "", "Camera 2, ev 0")}) {
+  for (const std::string& row : {fmt::format(kRow, 200, 100, 50, "", "Cameras 0 and 1, ev 0"),
+                                 fmt::format(kRow, 400, 300, 75, "", "Camera 2, ev 0")}) {
     EXPECT_NE(page.find(row, all), std::string::npos) << row;
   }
   EXPECT_EQ(countOf("<td>1784 bytes in 1 range</td>", page), 3U);
@@ -539,6 +596,54 @@ TEST(ReportPage, WhatSeveralRecordsHaveInCommonIsToldOnce) {
       page.find(">AE_AECData.LuxIndex</th><td>100</td><td>400</td><td>75 %</td>");
   EXPECT_LT(most, page.find(">AE_AECData.LuxIndex</th><td>100</td><td>200</td><td>50 %</td>"));
   EXPECT_LT(most, all);
+}
+
+TEST(ReportPage, WhatChangedMostIsOneRowForEachMemberAndTellsWhere) {
+  const TempFolder data;
+  const auto write = [&](const char* capture, bool changed) {
+    const std::string folder = std::string(capture) + "/simulation_";
+    const auto text = [&](std::string xml, const std::string& from, const std::string& to) {
+      return changed ? xml.replace(xml.find(from), from.size(), to) : xml;
+    };
+    for (int camera = 0; camera < 3; ++camera) {
+      for (int ev = 0; ev < 3; ++ev) {
+        data.write(folder + fmt::format("AE_AECData_camId[{}]_ev[{}].xml", camera, ev),
+                   element("SimulationData", element("LuxIndex", changed ? "350" : "100")));
+      }
+      // Of camera 0 two regions are others, of the others all.
+      const std::string grid = gridXml(kSquare);
+      const std::string other = std::regex_replace(grid, std::regex(">[0-9 ]+<"), ">1 2 3 4 <");
+      data.write(folder + fmt::format("AWB_ParsedAWBStatsOutput_p_camId[{}].xml", camera),
+                 camera == 0 ? text(grid, "100 200 300 0", "100 2 3 0") : text(grid, grid, other));
+      data.write(folder + fmt::format("AWB_AECData_camId[{}].xml", camera),
+                 fmt::format(R"(<SimulationData><AWBAlgoExposureInformation AECSettled="{}">)"
+                             R"(</AWBAlgoExposureInformation></SimulationData>)",
+                             changed ? 1 : 0));
+    }
+    std::string labels = text(labelXml(4), "255 0 ", "255 3 ");
+    for (const char* const id : {"40", "41", "42"}) {
+      labels = text(labels, fmt::format("<ID>{}", id), fmt::format("<ID>{}0", id));
+    }
+    data.write(folder + "AWB_QsegImageData_camId[0].xml", labels);
+    data.write(folder + "LSC[p]_index[0]_ev[0].xml", text(shadingXml(), "<rGain>2.5", "<rGain>5"));
+  };
+  write("IMG_1", false);
+  write("IMG_2", true);
+  data.write("IMG_1/simulation_AWB_FaceROI_camId[0].bin", std::string(1784, 'a'));
+  std::string page = pageOf(data, {}, {"IMG_1", "IMG_2"});
+  page.resize(page.find("<h3>Side by side</h3>"));
+  page.erase(0, page.find("<h3>"));
+  for (const char* const part :
+       {"<h3>17 of 18 records differ, 1 is only in A</h3>", "and where (8 of 12)<",
+        "relative to the larger one<", "<td>71.4 %</td><td>All cameras, ev 0 to 2</td>",
+        ".RSum</th><td class=\"long\">4 of 4 (100 %), most by 297 at column 0, row "
+        "1</td><td>Camera 1, p</td>",
+        "LSC.rGain</th><td class=\"long\">1 of 221 (0.452 %), most by 2.5 at column 0, row 0</td>",
+        "qsegStatsInfo</th><td class=\"long\">1 of 8 (12.5 %), at column 3, row 1<"}) {
+    EXPECT_NE(page.find(part), std::string::npos) << part;
+  }
+  EXPECT_EQ(countOf("qsegInstInfos[", page), 1U);
+  EXPECT_EQ(countOf("AECSettled", page), 0U);  // no quantity
 }
 
 TEST(ReportPage, ChangedLabelsHaveAKey) {
