@@ -9,6 +9,7 @@
 #include "core/bytes.h"
 #include "core/classic_locale.h"
 #include "core/eight_digits.h"
+#include "core/exact_double.h"
 #include "core/number_text.h"
 #include "core/powers_of_ten.h"
 #include "core/six_decimals.h"
@@ -65,8 +66,8 @@ const char* takeDigits(const char* text, const char* end, Digits& digits, int mo
 bool nearestFloat(const Digits& digits, int power, float& value) {
   constexpr std::uint64_t kBelowFloat = (1U << 29) - 1;
   constexpr std::uint64_t kHalfWay = 1U << 28;
-  if (digits.value >= std::uint64_t{1} << 53) return false;
-  const double quotient = static_cast<double>(digits.value) / kPowersOfTen[power];
+  if (digits.value >= kTwoTo52) return false;
+  const double quotient = exactDouble(digits.value) / kPowersOfTen[power];
   if ((load<std::uint64_t>(&quotient) & kBelowFloat) == kHalfWay) return false;
   value = static_cast<float>(quotient);
   return true;

@@ -7,6 +7,7 @@
 #include "core/bytes.h"
 #include "core/classic_locale.h"
 #include "core/eight_digits.h"
+#include "core/exact_double.h"
 #include "core/number_text.h"
 #include "core/powers_of_ten.h"
 
@@ -71,10 +72,10 @@ char* writeSevenDigits(char* out, std::uint64_t millionths) {
   return out + sizeof text;
 }
 
-/// Half to even, as printf rounds. `value` is below 2^53 and exact.
+/// Half to even, as printf rounds. `value` is below 2^52 and exact.
 std::uint64_t roundToInteger(double value) {
   const auto whole = static_cast<std::uint64_t>(value);
-  const double rest = value - static_cast<double>(whole);
+  const double rest = value - exactDouble(whole);
   const bool up = rest > 0.5 || (rest == 0.5 && whole % 2 == 1);
   return whole + (up ? 1 : 0);
 }
@@ -205,10 +206,10 @@ char* writeStreamFloat(char* out, float value) { return writeGeneral<6>(out, val
 char* writeXmlFloat(char* out, float value) { return writeGeneral<8>(out, value, "%.8g"); }
 
 char* writeFixedFloat(char* out, float value) {
-  // A float has 24 bits and 5^6 has 14: the product is exact, and below 2^53 an
+  // A float has 24 bits and 5^6 has 14: the product is exact, and below 2^52 an
   // integer of it is, too.
   const double scaled = std::fabs(static_cast<double>(value)) * 1e6;
-  if (!(scaled < 9e15)) return print(out, "%.6f", value);
+  if (!(scaled < 4.5e15)) return print(out, "%.6f", value);
   if (std::signbit(value)) *out++ = '-';
   const std::uint64_t millionths = roundToInteger(scaled);
   if (millionths < kTenTo8 / 10) return writeSevenDigits(out, millionths);
