@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <map>
 #include <set>
+#include <string>
 
 #include "simrec/provenance.h"
 #include "simrec/report/overview_view.h"
@@ -100,9 +100,11 @@ std::string nameOf(const std::optional<int>& camera) {
   return camera ? fmt::format("camera {}", *camera) : "all cameras";
 }
 
-/// A fraction has as many digits as a float, which it is in a file.
+/// The file's decimal, which is short, or what was computed, to as many digits as files have.
 Json numberJson(double value) {
-  return toJson(value == std::trunc(value) ? value : shortestDecimal(static_cast<float>(value)));
+  constexpr std::size_t kLongestInFiles = 14;
+  if (fmt::format("{}", value).size() <= kLongestInFiles) return toJson(value);
+  return toJson(std::stod(fmt::format("{:.8g}", value)));
 }
 
 /// "-", or the number.
