@@ -236,11 +236,16 @@ bool isRemovable(const Prunable& chosen, const Directory& data, const Trouble& t
     const auto parent = parentOf(chosen.capture, data);
     const auto folder = parent ? parent->find(name) : std::nullopt;
     if (!folder) return true;
-    const Contents contents = contentsOf(*folder);
     std::vector<std::string> names;
-    for (const auto& record : contents.records) names.push_back(record.second);
+    bool alone = true;
+    Folder entries(chosen.capture.path);
+    while (const char* const entry = entries.next()) {
+      const bool goes = mayGo(entry) && entries.type() != DT_DIR;
+      if (goes) names.emplace_back(entry);
+      alone = alone && goes;
+    }
     folder->checkRemovable(names);
-    if (contents.alone) parent->checkRemovable({name});
+    if (alone) parent->checkRemovable({name});
     return true;
   } catch (const Error& error) {
     trouble(error.what());
