@@ -28,7 +28,8 @@ constexpr char kMarker[] = ".capture_session";
 /// All that a run leaves in its folder. Everything else is somebody else's.
 constexpr const char* kOwnPaths[] = {
     kMarker,
-    "report.html",  // that scripts/demo makes of it
+    "captures.db",  // that scripts/demo makes of it
+    "report.html",
     "simulation_*",
     "tmp",
     R"(tmp/RequestID\[*]_camId\[*])",
