@@ -271,8 +271,11 @@ VerifiedRecord verify(const Capture& replayed, const File& file, const Capture& 
     return result;
   }
   const Kind& kind = *file.parts->kind;
-  const Record expected = readRecord(replayed.path, file, {true, false, true});
-  const Record found = readRecord(dump.path, *partner, {true, false, true});
+  Reading reading;
+  reading.binary = false;
+  reading.leading = true;
+  const Record expected = readRecord(replayed.path, file, reading);
+  const Record found = readRecord(dump.path, *partner, reading);
   if (!found.problems.empty()) {
     refuse(result, "the dump is damaged: " + found.problems.front());
   } else if (kind.format == Format::kXml) {

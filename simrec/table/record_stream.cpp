@@ -1,5 +1,7 @@
 #include "simrec/table/record_stream.h"
 
+#include <utility>
+
 #include "simrec/error.h"
 #include "simrec/table/in_order.h"
 
